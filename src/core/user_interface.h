@@ -1,0 +1,63 @@
+#pragma once
+
+// The port through which the engine speaks to people: message boxes, status words, progress, the pointer. The
+// desktop, the report engine, the command line and the tests each implement it.
+
+#include <QString>
+
+namespace sheetwright {
+
+enum class MessageIcon { None, Information, Exclamation, Critical, Question };
+enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class MessageAnswer { Ok, Yes, No, Cancel };
+enum class Pointer { Normal, Hourglass };
+
+class UserInterface {
+  public:
+    UserInterface() = default;
+    UserInterface(const UserInterface&) = delete;
+    UserInterface& operator=(const UserInterface&) = delete;
+    virtual ~UserInterface() = default;
+
+    // Texts and titles arrive translated.
+    virtual MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
+                                      MessageButtons buttons = MessageButtons::Ok) = 0;
+    virtual void SetPointer(Pointer pointer) = 0;
+    virtual void SetStatus(const QString& text) = 0;
+
+    virtual void ShowProgress() = 0;
+    virtual void SetProgress(int percent) = 0;  // 0 to 100
+    virtual void HideProgress() = 0;
+
+    virtual void PumpMessages() = 0;
+    virtual void Beep() = 0;
+};
+
+// An interface on which nothing is seen and every question is answered by its first button.
+class SilentUserInterface : public UserInterface {
+  public:
+    MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
+                              MessageButtons buttons) override;
+    void SetPointer(Pointer) override {}
+    void SetStatus(const QString&) override {}
+    void ShowProgress() override {}
+    void SetProgress(int) override {}
+    void HideProgress() override {}
+    void PumpMessages() override {}
+    void Beep() override {}
+};
+
+// The progress bar of one operation: shown on construction, hidden on `Hide`. `Update` reaches the bar only when
+// the whole-number percentage, capped at 100, differs from what it shows.
+class ProgressBar {
+  public:
+    explicit ProgressBar(UserInterface& ui) : m_ui(ui) { m_ui.ShowProgress(); }
+    void Update(qint64 done, qint64 total);
+    void Hide() { m_ui.HideProgress(); }
+
+  private:
+    UserInterface& m_ui;
+    int m_shown = 0;
+};
+
+}  // namespace sheetwright

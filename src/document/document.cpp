@@ -1,0 +1,42 @@
+#include "document/document.h"
+
+#include "core/application.h"
+#include "core/folders.h"
+#include "document/form_archive.h"
+#include "document/form_reader.h"
+
+#include <utility>
+
+namespace sheetwright {
+
+frmSheetwright::frmSheetwright(Application& owner) : application(owner) {
+    SweepTempDirectories(application);
+    words = application.TranslatedTruthWords();
+}
+
+frmSheetwright::~frmSheetwright() { RemoveTempDirectory(MyTempDir); }
+
+void SavePage(frmSheetwright& document) {
+    if (document.SavePageHook) document.SavePageHook();
+}
+
+void LoadPage(frmSheetwright& document) {
+    if (document.LoadPageHook) document.LoadPageHook();
+}
+
+void RecoverFromFailedPass(frmSheetwright& document) {
+    if (document.InterruptedPage == 0) return;
+    document.DataPageNum = std::exchange(document.InterruptedPage, std::int16_t{0});
+    document.application.ui.HideProgress();
+}
+
+void OpenDocument(frmSheetwright& document, const QString& path) {
+    document.Tag = path;
+    document.MyTempDir = MakeTempDirectory(document.application, document.MyTempDir);
+    document.application.CurrentTempDir = document.MyTempDir;
+    UnZipForm(document.application, path, document.MyTempDir);
+    ReadFormFile(document);
+    LoadPage(document);
+}
+
+}  // namespace sheetwright

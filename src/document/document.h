@@ -1,0 +1,80 @@
+#pragma once
+
+// One open document, headless: it owns its text in memory and its temporary directory, and holds the state that
+// the facets of the engine (reading, saving, recalculation, pages) work on. It does almost nothing itself.
+
+#include "core/conventions.h"
+#include "core/keyed_collection.h"
+#include "document/memory_block.h"
+#include "formula/value.h"
+#include "import/csv_table.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace sheetwright {
+
+class Application;
+
+class frmSheetwright {
+  public:
+    // Sweeps the temporary folder, takes the words for true and false, starts empty.
+    explicit frmSheetwright(Application& application);
+    frmSheetwright(const frmSheetwright&) = delete;
+    frmSheetwright& operator=(const frmSheetwright&) = delete;
+    // Removes the temporary directory.
+    ~frmSheetwright();
+
+    Application& application;
+    MemoryBlock memory;
+
+    QString Tag;      // full path of the document; a template's path for a new untitled one
+    QString Caption;  // bare file name, or "(Untitled)" translated
+
+    std::int16_t PageNum = 1;      // design that the page on screen was built from; 0 when none is built
+    std::int16_t Pages = 0;        // data pages
+    std::int16_t DataPageNum = 1;  // data page on screen
+    bool Changed = false;          // the document differs from its file
+    bool PageChanged = false;      // the page on screen differs from its lines
+    bool DoSaveAsOnly = false;     // can't be saved under its own name
+    bool MyReadonly = false;
+    QString MyTempDir;  // with trailing separator
+    std::int16_t MyOrientation = 0;
+    std::int16_t MyPaperSize = 0;
+    TruthWords words;
+
+    std::int16_t MePage = 0;
+    Value Me;
+    std::int16_t InterruptedPage = 0;  // page on screen when a recalculation failed half way; 0 for none
+    bool Importing = false;
+    std::int16_t CurrentRecord = -1;
+    CsvTable DriverData;             // record of the last import driver
+    CsvTable* EntryList = nullptr;   // list of the field being edited
+
+    // Properties of the fields, check boxes and picture fields of the design page on screen, in record order; all
+    // empty while no page is.
+    std::vector<KeyedCollection<QString>> FieldProperties;
+    std::vector<KeyedCollection<QString>> CheckProperties;
+    std::vector<KeyedCollection<QString>> BitmapProperties;
+
+    // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so that
+    // a pass over all pages runs with no page on screen.
+    std::function<void()> SavePageHook;
+    std::function<void()> LoadPageHook;
+};
+
+void SavePage(frmSheetwright& document);
+void LoadPage(frmSheetwright& document);
+
+// After a recalculation failed half way: the page on screen is the current page again and the progress bar is gone.
+// Whoever catches such a failure and lets the document live calls it, before anything saves the page on screen.
+void RecoverFromFailedPass(frmSheetwright& document);
+
+// The opening sequence up to the first page: temporary directory, unpacking, reading, the page on screen as
+// records. Raises what the reader raises, after the document's directory is marked for removal with it.
+void OpenDocument(frmSheetwright& document, const QString& path);
+
+}  // namespace sheetwright

@@ -1,0 +1,45 @@
+#pragma once
+
+// The archive that a form is on disk: a zip with one text member and the pictures of its design, flat, under
+// bare names. Archives are hostile until proved otherwise; what is refused leaves nothing behind.
+
+#include <QString>
+#include <QStringList>
+
+namespace sheetwright {
+
+class Application;
+
+// Limits on what an archive may unpack to. Sizes are counted while inflating, whatever the directory claims.
+namespace archive_limits {
+inline constexpr int kMembers = 10'000;
+inline constexpr qint64 kMemberBytes = 512LL * 1024 * 1024;
+inline constexpr qint64 kTotalBytes = 1024LL * 1024 * 1024;
+inline constexpr qint64 kRatio = 300;  // unpacked to packed bytes, above kRatioFloor
+inline constexpr qint64 kRatioFloor = 1024 * 1024;
+inline constexpr int kNameLength = 255;  // bytes of a member's name
+}  // namespace archive_limits
+
+// Unpacks the form at `path` into `destination` (a folder, with trailing separator). A plain text form, one
+// whose first line begins with "VERSION", is copied. Failures of the archive show "Error code %1", are logged
+// under "UnZipForm" with the member's name, and leave the destination as it was: the reader then finds no text
+// member. Afterwards the first file matching "*.af?" bears the path's base name. Raises 53, 75 or 76 when the file
+// can't be opened at all.
+void UnZipForm(Application& application, const QString& path, const QString& destination);
+
+// Packs all files of `source` into the form at `path`: written beside as path + " 2", flushed, opened again and
+// every member's CRC checked, then put in place by one rename. At each failure "Error code %1" is shown, it is
+// logged under "ZipForm", the file beside is deleted and the old form stays; returns false then.
+bool ZipForm(Application& application, const QString& path, const QString& source);
+
+// Names of the archive's members in archive order; for a plain text form its own file name alone. Raises the
+// failure number that UnZipForm would show.
+[[nodiscard]] QStringList ArchiveMembers(const QString& path);
+
+// Whether the file's first line begins with "VERSION": plain text, not an archive.
+[[nodiscard]] bool IsPlainTextForm(const QString& path);
+
+// Whether a file name matches "*.af?", the one way in which the text member is told from pictures.
+[[nodiscard]] bool IsTextMemberName(const QString& name);
+
+}  // namespace sheetwright

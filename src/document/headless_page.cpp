@@ -1,0 +1,106 @@
+#include "document/headless_page.h"
+
+#include "core/failure.h"
+#include "core/text.h"
+#include "document/document.h"
+
+#include <algorithm>
+
+namespace sheetwright {
+
+namespace {
+
+using Record = KeyedCollection<QString>;
+
+// Record kinds are told by four letters.
+constexpr qsizetype kKindLength = 4;
+
+QStringView KindOfEndLine(QStringView line) {
+    constexpr qsizetype kWordStart = 4;  // behind "END "
+    return line.sliced(std::min(line.size(), kWordStart)).left(kKindLength);
+}
+
+void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
+    if (kind == u"CHEC") {
+        document.CheckProperties.push_back(std::move(record));
+        return;
+    }
+    if (kind != u"FIEL") return;
+    const QString* const type = record.Find(u"FieldType");
+    const bool isTextField = type != nullptr && (*type == u"0" || *type == u"2");
+    auto& records = isTextField ? document.FieldProperties : document.BitmapProperties;
+    records.push_back(std::move(record));
+}
+
+// The records of the design's elements. A key that stands twice keeps its first value.
+void BuildRecords(frmSheetwright& document) {
+    document.FieldProperties.clear();
+    document.CheckProperties.clear();
+    document.BitmapProperties.clear();
+    const PageLines& design = document.memory.DesignPage(document.PageNum);
+    Record record;
+    for (int position = 1; position <= design.Count(); ++position) {
+        const QStringView line = design.Line(position);
+        if (line.startsWith(u"BEGIN")) {
+            record.Clear();
+        } else if (line.startsWith(u"END")) {
+            AddRecord(document, KindOfEndLine(line), std::move(record));
+            record = Record();
+        } else if (line.contains(u'=')) {
+            const QString key = KeyOf(line).toString();
+            if (!record.Contains(key)) record.Add(ValueOf(line).toString(), key);
+        }
+    }
+}
+
+void LoadHeadlessPage(frmSheetwright& document) {
+    if (document.memory.DataPageCount() < document.DataPageNum || document.DataPageNum < 1) return;
+    std::int16_t design = 0;
+    Ignoring([&] { design = document.memory.WhichDesign(document.DataPageNum); });
+    if (design != document.PageNum) {
+        document.PageNum = 0;
+        if (design < 1 || design > document.memory.DesignPageCount()) return;
+        document.PageNum = design;
+        BuildRecords(document);
+    }
+    document.Pages = document.memory.DataPageCount();
+}
+
+bool HasValueLine(const PageLines& page) {
+    for (int position = 1; position <= page.Count(); ++position) {
+        const QStringView line = page.Line(position);
+        if (!line.startsWith(u"BEGIN PAGE") && !line.startsWith(u"END PAGE")) return true;
+    }
+    return false;
+}
+
+// A page that holds no value line shows empty fields and check boxes in state 0, and is saved so. Any other page
+// keeps its lines as they are, also those for which the design has no element.
+void SaveHeadlessPage(frmSheetwright& document) {
+    const int number = document.DataPageNum;
+    if (document.PageNum < 1 || number < 1 || number > document.memory.DataPageCount()) return;
+    if (document.memory.DataPage(number).IsEmpty() || HasValueLine(document.memory.DataPage(number))) return;
+    if (document.memory.WhichDesign(number) != document.PageNum) return;
+
+    document.memory.ClearDataPage(number);
+    document.memory.AppendDataLine(number, QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(document.PageNum));
+    const auto append = [&](const std::vector<Record>& records, const QString& value) {
+        for (const Record& record : records)
+            if (const QString* const name = record.Find(u"Name"))
+                document.memory.AppendDataLine(number, *name + u'=' + value);
+    };
+    append(document.FieldProperties, QString());
+    append(document.CheckProperties, QStringLiteral("0"));
+    append(document.BitmapProperties, QStringLiteral("0"));
+    document.memory.AppendDataLine(number, QStringLiteral("END PAGE"));
+}
+
+}  // namespace
+
+void UseHeadlessPage(frmSheetwright& document) {
+    document.PageNum = 0;
+    document.LoadPageHook = [&document] { LoadHeadlessPage(document); };
+    document.SavePageHook = [&document] { SaveHeadlessPage(document); };
+}
+
+}  // namespace sheetwright
