@@ -1,7 +1,7 @@
 #pragma once
 
-// The process-wide state: one object, made at start-up and handed down by reference. There is no other global;
-// a test makes its own in a temporary folder.
+// The process-wide state: one object, made at start-up and handed down by reference. There is no other
+// global; a test makes its own in a temporary folder.
 
 #include "core/conventions.h"
 #include "core/keyed_collection.h"
@@ -26,16 +26,17 @@ struct Version {
 
 class Application {
   public:
-    // `title` tells the deployment and is fixed when it is built; `installFolder` is where the executable and its
-    // data files lie (a separator is added). Sets the run modes and the writable folder; reads nothing else.
+    // `title` tells the deployment and is fixed when it is built; `installFolder` is where the executable and
+    // its data files lie (a separator is added). Sets the run modes and the writable folder; reads nothing
+    // else.
     Application(const QString& title, const QString& installFolder, Settings settings, UserInterface& ui);
 
-    QString Title;          // after `LoadLanguage` its translation; the first key of every per-user setting
-    bool ViewerMode;        // the title holds "viewer", in any case: forms are read-only
-    bool ReportMode;        // the title holds "report", in any case: driven by a host only
-    QString InstallFolder;  // with trailing separator
-    QString WritableFolder;  // the install folder where it is writable, otherwise the user's data folder; with
-                             // trailing separator. TEMP and errors.csv lie there.
+    QString Title;           // after `LoadLanguage` its translation; the first key of every per-user setting
+    bool ViewerMode;         // the title holds "viewer", in any case: forms are read-only
+    bool ReportMode;         // the title holds "report", in any case: driven by a host only
+    QString InstallFolder;   // with trailing separator
+    QString WritableFolder;  // the install folder where it is writable, otherwise the user's data folder;
+                             // with trailing separator. TEMP and errors.csv lie there.
     QString CurrentTempDir;  // with trailing separator; follows the document that has the focus
     std::int16_t CurrentOrientation = 1;
     std::int16_t CurrentPaperSize = 9;
@@ -50,9 +51,16 @@ class Application {
     // "Dunmorrow" in viewer mode, else "SHEETWRIGHT": the key under which the tip dialog keeps its place.
     [[nodiscard]] QString TipIdentity() const;
 
-    // Loads "Sheetwright.DIC" from the install folder if it is there, and translates the title; refreshes the
-    // conventions from the system's locale. Loads "papersizes.csv" the same way. Missing files are no failure.
+    // Refreshes the conventions from the system's locale, then opens a dictionary. The one that is open stays
+    // when there is no such file or it can't be read.
+    void LoadDictionary(const QString& path);
+
+    // Loads "Sheetwright.DIC" from the install folder if it is there, and makes the translation of the title
+    // the title: a translated installation keeps its settings apart from an untranslated one. Raises 9 for a
+    // dictionary of one column.
     void LoadLanguage();
+
+    // Loads "papersizes.csv" from the install folder; without that file the table has no columns.
     void LoadPaperTable();
 
     // A translated text with its markers "%1" to "%9" filled from `parameters`, values separated by "¦".

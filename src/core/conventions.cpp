@@ -3,42 +3,63 @@
 #include <QDate>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace sheetwright {
 
 namespace {
 
-bool IsNumericDate(const QString& text) {
-    return std::none_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
+// A date as the locale prints it, with the digits of its script as ASCII ones and without the invisible marks
+// that direct the writing.
+QString PlainDate(const QString& printed) {
+    QString plain;
+    for (const QChar character : printed) {
+        if (character.isDigit()) {
+            plain += QChar(u'0' + character.digitValue());
+        } else if (character.category() != QChar::Other_Format) {
+            plain += character;
+        }
+    }
+    return plain;
+}
+
+struct DateForm {
+    QString mask;
+    QString separator;
+};
+
+// The form that shows in a print of 31 December 1999; "D/M/C" when it is not numeric.
+DateForm FormOf(const QString& sample) {
+    const bool hasCentury = sample.contains(QStringLiteral("1999"));
+    const qsizetype year = sample.indexOf(hasCentury ? QStringLiteral("1999") : QStringLiteral("99"));
+    std::array parts{std::pair{sample.indexOf(QStringLiteral("31")), u'D'},
+                     std::pair{sample.indexOf(QStringLiteral("12")), u'M'},
+                     std::pair{year, hasCentury ? u'C' : u'Y'}};
+    std::sort(parts.begin(), parts.end());
+    const auto* separator =
+        std::find_if(sample.begin(), sample.end(), [](QChar here) { return !here.isDigit(); });
+    if (parts.front().first < 0 || separator == sample.end() || separator->isLetter())
+        return {QStringLiteral("D/M/C"), QStringLiteral("/")};
+    return {QString(QChar(parts[0].second)) + *separator + QChar(parts[1].second) + *separator +
+                QChar(parts[2].second),
+            QString(*separator)};
 }
 
 }  // namespace
 
 void InitDateMask(Conventions& conventions) {
-    const QString sample = conventions.locale.toString(QDate(1999, 12, 31), QLocale::ShortFormat);
-    const qsizetype day = sample.indexOf(QStringLiteral("31"));
-    const qsizetype month = sample.indexOf(QStringLiteral("12"));
-    const bool hasCentury = sample.contains(QStringLiteral("1999"));
-    const qsizetype year = sample.indexOf(hasCentury ? QStringLiteral("1999") : QStringLiteral("99"));
-    const auto separator =
-        std::find_if(sample.begin(), sample.end(), [](QChar character) { return !character.isDigit(); });
-
-    conventions.SystemDateMask = QStringLiteral("D/M/C");
-    conventions.SystemDateSeparator = QStringLiteral("/");
-    if (IsNumericDate(sample) && day >= 0 && month >= 0 && year >= 0 && separator != sample.end()) {
-        const QChar yearLetter = hasCentury ? u'C' : u'Y';
-        const QString monthAndYear = month < year ? QString(u'M') + yearLetter : QString(yearLetter) + u'M';
-        QString letters = monthAndYear;
-        letters.insert(day == 0 ? 0 : day == sample.size() - 2 ? 2 : 1, u'D');
-        conventions.SystemDateSeparator = QString(*separator);
-        conventions.SystemDateMask = QString(letters[0]) + *separator + letters[1] + *separator + letters[2];
-    }
-    conventions.DateMask = conventions.SystemDateMask;
-    conventions.DateSeparator = conventions.SystemDateSeparator;
+    const DateForm form =
+        FormOf(PlainDate(conventions.locale.toString(QDate(1999, 12, 31), QLocale::ShortFormat)));
+    conventions.SystemDateMask = form.mask;
+    conventions.SystemDateSeparator = form.separator;
+    conventions.DateMask = form.mask;
+    conventions.DateSeparator = form.separator;
 }
 
 void InitDecimalSeparator(Conventions& conventions) {
-    conventions.DecimalSeparator = conventions.locale.toString(1.2, 'f', 1).at(1);
+    const QString separator = conventions.locale.decimalPoint();
+    conventions.DecimalSeparator = separator.isEmpty() ? u'.' : separator.at(0);
 }
 
 Conventions ConventionsOf(const QLocale& locale) {

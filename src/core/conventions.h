@@ -18,8 +18,8 @@ struct Conventions {
     QChar DecimalSeparator = u'.';
 };
 
-// The words that stand for true and false in the language of the installation. A document takes its copy once,
-// when it is created.
+// The words that stand for true and false in the language of the installation. A document takes its copy
+// once, when it is created.
 struct TruthWords {
     QString TrueWord = QStringLiteral("True");
     QString FalseWord = QStringLiteral("False");

@@ -66,10 +66,16 @@ QString FailureText(int number) {
 Failure::Failure(int number) : Failure(number, FailureText(number)) {}
 
 Failure::Failure(int number, QString text)
-    : m_number(number), m_text(std::move(text)), m_what(QString::number(m_number).toUtf8() + ": " + m_text.toUtf8()) {}
+    : m_number(number),
+      m_text(std::move(text)),
+      m_what(QString::number(m_number).toUtf8() + ": " + m_text.toUtf8()) {}
 
-std::int16_t ToInt16(double number) { return Narrow<std::int16_t>(number); }
+std::int16_t ToInt16(double number) {
+    return Narrow<std::int16_t>(number);
+}
 
-std::int32_t ToInt32(double number) { return Narrow<std::int32_t>(number); }
+std::int32_t ToInt32(double number) {
+    return Narrow<std::int32_t>(number);
+}
 
 }  // namespace sheetwright

@@ -6,6 +6,7 @@
 
 #include "core/failure.h"
 
+#include <QHashFunctions>
 #include <QString>
 #include <QStringView>
 
@@ -18,8 +19,10 @@ namespace sheetwright {
 struct CaseInsensitiveHash {
     using is_transparent = void;
     std::size_t operator()(QStringView text) const noexcept {
-        std::size_t hash = 14695981039346656037ULL;
-        for (const QChar character : text) hash = (hash ^ Folded(character)) * 1099511628211ULL;
+        std::size_t hash =
+            14695981039346656037ULL ^ QHashSeed::globalSeed();  // keys come from strangers' files
+        for (const QChar character : text)
+            hash = (hash ^ Folded(character)) * 1099511628211ULL;
         return hash;
     }
     static char16_t Folded(QChar character) noexcept {
@@ -101,8 +104,11 @@ class KeyedCollection {
         return static_cast<std::size_t>(position - 1);
     }
     void RemoveIndex(std::size_t index) {
+        const bool isLast = index + 1 == m_entries.size();
+        if (isLast && m_entries[index].hasKey)
+            m_positions.erase(m_positions.find(QStringView(m_entries[index].key)));
         m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(index));
-        Reindex();
+        if (!isLast) Reindex();
     }
     void Reindex() {
         m_positions.clear();

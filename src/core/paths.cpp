@@ -1,5 +1,6 @@
 #include "core/paths.h"
 
+#include "core/atomic_file.h"
 #include "core/failure.h"
 
 #include <QDir>
@@ -10,6 +11,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 
@@ -19,30 +22,43 @@ namespace {
 
 qsizetype LastSeparator(QStringView path) {
     qsizetype at = path.size() - 1;
-    while (at >= 0 && !IsSeparator(path[at])) --at;
+    while (at >= 0 && !IsSeparator(path[at]))
+        --at;
     return at;
 }
 
 // The entry of `folder` that differs from `name` in case only, or `name` itself when there is none.
 QString EntryIgnoringCase(const QString& folder, const QString& name) {
     const QDir dir(folder.isEmpty() ? QStringLiteral(".") : folder);
-    const QStringList names = dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const QStringList names =
+        dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString& entry : names)
         if (entry.compare(name, Qt::CaseInsensitive) == 0) return entry;
     return name;
 }
 
-[[noreturn]] void RaiseOpenFailure(const QFile& file) {
-    const QFileInfo info(file);
-    if (info.isDir()) throw Failure(failure::kPathAccess);
-    if (!info.dir().exists()) throw Failure(failure::kPathNotFound);
-    if (!info.exists() && !(file.openMode() & QIODevice::WriteOnly)) throw Failure(failure::kFileNotFound);
-    throw Failure(failure::kPathAccess);
-}
+struct ErrnoName {
+    int error;
+    int number;
+};
+
+constexpr std::array kErrnoNames{
+    ErrnoName{ENOSPC, failure::kDiskFull},          ErrnoName{EDQUOT, failure::kDiskFull},
+    ErrnoName{EFBIG, failure::kDiskFull},           ErrnoName{ENOENT, failure::kFileNotFound},
+    ErrnoName{ENOTDIR, failure::kPathNotFound},     ErrnoName{EACCES, failure::kPermissionDenied},
+    ErrnoName{EPERM, failure::kPermissionDenied},   ErrnoName{EBUSY, failure::kPermissionDenied},
+    ErrnoName{ETXTBSY, failure::kPermissionDenied}, ErrnoName{EROFS, failure::kPathAccess},
+    ErrnoName{EISDIR, failure::kPathAccess},        ErrnoName{ELOOP, failure::kPathAccess},
+    ErrnoName{ENAMETOOLONG, failure::kBadFileName}, ErrnoName{EEXIST, failure::kFileExists},
+    ErrnoName{EMFILE, failure::kTooManyFiles},      ErrnoName{ENFILE, failure::kTooManyFiles},
+    ErrnoName{ENOMEM, failure::kOutOfMemory},
+};
 
 }  // namespace
 
-bool IsSeparator(QChar character) { return character == u'\\' || character == u'/'; }
+bool IsSeparator(QChar character) {
+    return character == u'\\' || character == u'/';
+}
 
 QString GetFileName(const QString& path, bool dropExtension) {
     const QString name = path.sliced(LastSeparator(path) + 1);
@@ -50,10 +66,12 @@ QString GetFileName(const QString& path, bool dropExtension) {
     return dropExtension && dot >= 0 ? name.first(dot) : name;
 }
 
-QString GetFolder(const QString& path) { return path.first(LastSeparator(path) + 1); }
+QString GetFolder(const QString& path) {
+    return path.first(LastSeparator(path) + 1);
+}
 
 QString WithTrailingSeparator(const QString& folder) {
-    if (!folder.isEmpty() && IsSeparator(folder.back())) return folder;
+    if (folder.isEmpty() || IsSeparator(folder.back())) return folder;
     const bool isStoredForm = folder.contains(u'\\') && !folder.contains(u'/');
     return folder + (isStoredForm ? QChar(u'\\') : QDir::separator());
 }
@@ -73,36 +91,30 @@ QString OnDisk(const QString& stored) {
     return found;
 }
 
-bool FileExists(const QString& stored) { return !stored.isEmpty() && QFileInfo(OnDisk(stored)).isFile(); }
+bool FileExists(const QString& stored) {
+    return !stored.isEmpty() && QFileInfo(OnDisk(stored)).isFile();
+}
+
+void OpenForReading(QFile& file) {
+    const QFileInfo info(file);
+    if (!info.exists() && !info.isSymLink())
+        throw Failure(info.dir().exists() ? failure::kFileNotFound : failure::kPathNotFound);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) throw Failure(failure::kPathAccess);
+}
 
 QByteArray ReadWholeFile(const QString& stored) {
     QFile file(OnDisk(stored));
-    if (QFileInfo(file).isDir() || !file.open(QIODevice::ReadOnly)) RaiseOpenFailure(file);
+    OpenForReading(file);
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) throw Failure(failure::kDeviceError);
     return bytes;
 }
 
 void WriteFileAtomically(const QString& stored, QByteArrayView bytes) {
-    const QString path = OnDisk(stored);
-    const QFileInfo info(path);
-    if (!info.dir().exists()) throw Failure(failure::kPathNotFound);
-    if (info.exists() && !(info.permissions() & QFileDevice::WriteUser)) throw Failure(failure::kPathAccess);
-    const QString beside = path + QStringLiteral(".new");
-    QFile file(beside);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        throw Failure(failure::kPathAccess);
-    errno = 0;
-    const bool isWritten = file.write(bytes.data(), bytes.size()) == bytes.size() && ::fsync(file.handle()) == 0;
-    const int error = errno;
-    file.close();
-    try {
-        if (!isWritten) throw Failure(FailureNumberOfErrno(error));
-        ReplaceFile(beside, path);
-    } catch (const Failure&) {
-        QFile::remove(beside);
-        throw;
-    }
+    AtomicFile file(stored, QStringLiteral(".new"));
+    file.Write(bytes);
+    file.Flush();
+    file.Replace();
 }
 
 void FlushToDisk(const QString& path) {
@@ -121,28 +133,9 @@ void ReplaceFile(const QString& from, const QString& to) {
 }
 
 int FailureNumberOfErrno(int error) {
-    switch (error) {
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return failure::kDiskFull;
-        case ENOENT:
-            return failure::kFileNotFound;
-        case ENOTDIR:
-            return failure::kPathNotFound;
-        case EACCES:
-        case EPERM:
-        case EBUSY:
-        case ETXTBSY:
-            return failure::kPermissionDenied;
-        case EROFS:
-        case EISDIR:
-            return failure::kPathAccess;
-        case ENAMETOOLONG:
-            return failure::kBadFileName;
-        default:
-            return failure::kDeviceError;
-    }
+    const auto* found = std::find_if(kErrnoNames.begin(), kErrnoNames.end(),
+                                     [error](const ErrnoName& name) { return name.error == error; });
+    return found == kErrnoNames.end() ? failure::kDeviceError : found->number;
 }
 
 }  // namespace sheetwright

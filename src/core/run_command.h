@@ -1,7 +1,7 @@
 #pragma once
 
-// The boundary around each command: a menu action, a remote message, a verb of the command line. A failure that
-// reaches it is logged and told to the person; other open documents live on.
+// The boundary around each command: a menu action, a remote message, a verb of the command line. A failure
+// that reaches it is logged and told to the person; other open documents live on.
 
 #include "core/failure.h"
 

@@ -13,7 +13,9 @@ namespace {
 
 // Sections and keys may hold any character; a "/" would otherwise open a group.
 QString Path(const QString& section, const QString& key) {
-    const auto escaped = [](const QString& text) { return QString::fromLatin1(QUrl::toPercentEncoding(text, " ")); };
+    const auto escaped = [](const QString& text) {
+        return QString::fromLatin1(QUrl::toPercentEncoding(text, " "));
+    };
     return escaped(section) + u'/' + escaped(key);
 }
 

@@ -6,7 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+
+class QLockFile;
 
 namespace sheetwright {
 
@@ -20,7 +23,8 @@ class StartUpActions {
     StartUpActions& operator=(const StartUpActions&) = delete;
     virtual ~StartUpActions() = default;
 
-    // Whether the same program runs already for this user on this channel; keeps the claim when it doesn't.
+    // Claims to be the only instance of this program for this user on this channel, for as long as it runs.
+    // False when another one holds the claim.
     virtual bool ClaimInstance() = 0;
     virtual void SetSplashProductLine(const QString& text) = 0;
     virtual void ShowSplash() = 0;
@@ -37,33 +41,43 @@ class StartUpActions {
     virtual void SetPollInterval(int milliseconds) = 0;  // of the message channel
 };
 
-// Runs the whole start-up. Returns false when a previous instance is running: end at once, nothing was shown or
-// written. `commandLine` is the text behind the program's name, as typed.
+// Runs the whole start-up. Returns false when a previous instance is running: end at once, nothing was shown
+// or written. `commandLine` is the text behind the program's name, as typed.
 bool Main(Application& application, StartUpActions& actions, const QString& commandLine);
 
-// The tokens of a command line: blanks separate outside double quotes, which are dropped. An unbalanced quote
-// loses the last token.
+// The tokens of a command line: each blank outside double quotes ends one, even an empty one; the quotes are
+// dropped. An unbalanced quote loses the last token.
 [[nodiscard]] QStringList CommandLineTokens(const QString& commandLine);
 
-// The command line that `arguments` were cut from, quoted so that `CommandLineTokens` gives them back.
+// A command line from which `CommandLineTokens` gives back `arguments`, without the double quotes in them:
+// the command line has no means to say one.
 [[nodiscard]] QString CommandLineOf(const QStringList& arguments);
 
-// Starts the update runner "RunOnce" (with or without ".exe") of the install folder, if there is one, and waits
-// until it has ended, 60 seconds at most, pumping messages. Failures are not reported.
+// Starts the update runner "RunOnce.exe" or "RunOnce" of the install folder, if there is one, and waits until
+// it has ended, 60 seconds at most, pumping messages. Failures are not reported. `waitOneSecond` does each
+// wait.
 void RunUpdateRunner(Application& application);
+void RunUpdateRunner(Application& application, const std::function<void()>& waitOneSecond);
 
-// A claim on being the only instance of `title` for this user on the channel named by SHEETWRIGHT_CHANNEL.
+// Waits for one second, then asks once a second whether the runner still runs, until it doesn't or 60 seconds
+// have passed.
+void WaitForRunner(const std::function<bool()>& isRunning, const std::function<void()>& waitOneSecond);
+
+// A claim on being the only instance of a program for this user on the channel that the environment variable
+// SHEETWRIGHT_CHANNEL names. It ends with the object or the process, however that ends.
 class InstanceClaim {
   public:
     InstanceClaim();
     InstanceClaim(const InstanceClaim&) = delete;
     InstanceClaim& operator=(const InstanceClaim&) = delete;
     ~InstanceClaim();
+
+    // False when another process, or another claim of this one, holds the claim for `program`. Where no claim
+    // can be written down at all, everybody gets it.
     [[nodiscard]] bool Take(const QString& program);
 
   private:
-    struct Lock;
-    std::unique_ptr<Lock> m_lock;
+    std::unique_ptr<QLockFile> m_lock;
 };
 
 }  // namespace sheetwright

@@ -11,9 +11,33 @@ namespace sheetwright {
 namespace {
 
 constexpr QChar kLineBreakMark(127);
+constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
+
+constexpr qsizetype kScanned = 4096;  // units that are scanned without a branch each, so that it vectorises
+
+template <typename Unit>
+bool IsAsciiRun(const Unit* units, qsizetype count) {
+    for (qsizetype at = 0; at < count; at += kScanned) {
+        const qsizetype end = std::min(count, at + kScanned);
+        Unit seen = 0;
+        for (qsizetype unit = at; unit < end; ++unit)
+            seen = static_cast<Unit>(seen | units[unit]);
+        if (seen >= 0x80) return false;
+    }
+    return true;
+}
 
 bool IsAscii(QByteArrayView bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
+    return IsAsciiRun(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+}
+
+bool IsAscii(QStringView text) {
+    return IsAsciiRun(text.utf16(), text.size());
+}
+
+QByteArray ToUtf8(QStringView text) {
+    const QByteArray bytes = text.toUtf8();
+    return text.startsWith(QChar(QChar::ByteOrderMark)) ? kUtf8Mark + bytes : bytes;
 }
 
 }  // namespace
@@ -21,7 +45,7 @@ bool IsAscii(QByteArrayView bytes) {
 QString DecodeFileText(QByteArrayView bytes) {
     if (IsAscii(bytes)) return QString::fromLatin1(bytes);
     if (bytes.isValidUtf8()) {
-        const bool hasMark = bytes.startsWith("\xEF\xBB\xBF");
+        const bool hasMark = bytes.startsWith(kUtf8Mark);
         return QString::fromUtf8(hasMark ? bytes.sliced(3) : bytes);
     }
     QStringDecoder decoder(kCodePage);
@@ -29,38 +53,44 @@ QString DecodeFileText(QByteArrayView bytes) {
 }
 
 QByteArray EncodeFileText(QStringView text) {
+    if (IsAscii(text)) return text.toLatin1();
     QStringEncoder encoder(kCodePage);
     QByteArray bytes = encoder.encode(text);
-    if (IsAscii(bytes) && !encoder.hasError()) return bytes;
-    if (encoder.hasError() || QByteArrayView(bytes).isValidUtf8() || DecodeFileText(bytes) != text)
-        return text.toUtf8();
-    return bytes;
+    const bool survives =
+        !encoder.hasError() && !QByteArrayView(bytes).isValidUtf8() && DecodeFileText(bytes) == text;
+    return survives ? bytes : ToUtf8(text);
 }
 
 QStringView TakeLine(QStringView& rest) {
-    const auto* const end = std::find_if(rest.begin(), rest.end(),
-                                         [](QChar character) { return character == u'\n' || character == u'\r'; });
-    const qsizetype length = end - rest.begin();
-    const QStringView line = rest.first(length);
-    const bool isPair = rest.size() > length + 1 && rest[length] == u'\r' && rest[length + 1] == u'\n';
-    rest = rest.sliced(std::min(rest.size(), length + (isPair ? 2 : 1)));
+    const char16_t* const begin = rest.utf16();
+    const char16_t* const end = begin + rest.size();
+    const char16_t* at = begin;
+    while (at != end && (*at > u'\r' || (*at != u'\n' && *at != u'\r')))
+        ++at;
+    const QStringView line = rest.first(at - begin);
+    const bool isPair = end - at > 1 && at[0] == u'\r' && at[1] == u'\n';
+    rest = rest.sliced(std::min<qsizetype>(rest.size(), at - begin + (isPair ? 2 : 1)));
     return line;
 }
 
 std::vector<QStringView> SplitLines(QStringView text) {
     std::vector<QStringView> lines;
-    while (!text.isEmpty()) lines.push_back(TakeLine(text));
+    while (!text.isEmpty())
+        lines.push_back(TakeLine(text));
     return lines;
 }
 
 QStringView StripTabs(QStringView line) {
-    while (line.startsWith(u'\t')) line = line.sliced(1);
+    while (line.startsWith(u'\t'))
+        line = line.sliced(1);
     return line;
 }
 
 QStringView TrimBlanks(QStringView text) {
-    while (text.startsWith(u' ')) text = text.sliced(1);
-    while (text.endsWith(u' ')) text.chop(1);
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
     return text;
 }
 

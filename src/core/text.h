@@ -15,7 +15,8 @@ namespace sheetwright {
 inline constexpr const char* kCodePage = "windows-1252";
 
 // Bytes of a form or table as text: UTF-8 when they are valid UTF-8 holding at least one non-ASCII character
-// (a byte-order mark counts and is dropped), otherwise the code page. Never fails: every byte means something.
+// (a byte-order mark counts and is dropped), otherwise the code page. Never fails: every byte means
+// something.
 [[nodiscard]] QString DecodeFileText(QByteArrayView bytes);
 
 // The reverse: in the code page when every character fits and the result would not be read back as UTF-8,

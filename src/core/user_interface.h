@@ -47,8 +47,8 @@ class SilentUserInterface : public UserInterface {
     void Beep() override {}
 };
 
-// The progress bar of one operation: shown on construction, hidden on `Hide`. `Update` reaches the bar only when
-// the whole-number percentage, capped at 100, differs from what it shows.
+// The progress bar of one operation: shown on construction, hidden on `Hide`. `Update` reaches the bar only
+// when the whole-number percentage, capped at 100, differs from what it shows.
 class ProgressBar {
   public:
     explicit ProgressBar(UserInterface& ui) : m_ui(ui) { m_ui.ShowProgress(); }

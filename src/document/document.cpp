@@ -14,7 +14,9 @@ frmSheetwright::frmSheetwright(Application& owner) : application(owner) {
     words = application.TranslatedTruthWords();
 }
 
-frmSheetwright::~frmSheetwright() { RemoveTempDirectory(MyTempDir); }
+frmSheetwright::~frmSheetwright() {
+    RemoveTempDirectory(MyTempDir);
+}
 
 void SavePage(frmSheetwright& document) {
     if (document.SavePageHook) document.SavePageHook();

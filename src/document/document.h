@@ -1,7 +1,8 @@
 #pragma once
 
-// One open document, headless: it owns its text in memory and its temporary directory, and holds the state that
-// the facets of the engine (reading, saving, recalculation, pages) work on. It does almost nothing itself.
+// One open document, headless: it owns its text in memory and its temporary directory, and holds the state
+// that the facets of the engine (reading, saving, recalculation, pages) work on. It does almost nothing
+// itself.
 
 #include "core/conventions.h"
 #include "core/keyed_collection.h"
@@ -51,17 +52,17 @@ class frmSheetwright {
     std::int16_t InterruptedPage = 0;  // page on screen when a recalculation failed half way; 0 for none
     bool Importing = false;
     std::int16_t CurrentRecord = -1;
-    CsvTable DriverData;             // record of the last import driver
-    CsvTable* EntryList = nullptr;   // list of the field being edited
+    CsvTable DriverData;            // record of the last import driver
+    CsvTable* EntryList = nullptr;  // list of the field being edited
 
-    // Properties of the fields, check boxes and picture fields of the design page on screen, in record order; all
-    // empty while no page is.
+    // Properties of the fields, check boxes and picture fields of the design page on screen, in record order;
+    // all empty while no page is.
     std::vector<KeyedCollection<QString>> FieldProperties;
     std::vector<KeyedCollection<QString>> CheckProperties;
     std::vector<KeyedCollection<QString>> BitmapProperties;
 
-    // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so that
-    // a pass over all pages runs with no page on screen.
+    // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so
+    // that a pass over all pages runs with no page on screen.
     std::function<void()> SavePageHook;
     std::function<void()> LoadPageHook;
 };
@@ -69,8 +70,9 @@ class frmSheetwright {
 void SavePage(frmSheetwright& document);
 void LoadPage(frmSheetwright& document);
 
-// After a recalculation failed half way: the page on screen is the current page again and the progress bar is gone.
-// Whoever catches such a failure and lets the document live calls it, before anything saves the page on screen.
+// After a recalculation failed half way: the page on screen is the current page again and the progress bar is
+// gone. Whoever catches such a failure and lets the document live calls it, before anything saves the page on
+// screen.
 void RecoverFromFailedPass(frmSheetwright& document);
 
 // The opening sequence up to the first page: temporary directory, unpacking, reading, the page on screen as

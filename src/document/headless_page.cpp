@@ -74,8 +74,8 @@ bool HasValueLine(const PageLines& page) {
     return false;
 }
 
-// A page that holds no value line shows empty fields and check boxes in state 0, and is saved so. Any other page
-// keeps its lines as they are, also those for which the design has no element.
+// A page that holds no value line shows empty fields and check boxes in state 0, and is saved so. Any other
+// page keeps its lines as they are, also those for which the design has no element.
 void SaveHeadlessPage(frmSheetwright& document) {
     const int number = document.DataPageNum;
     if (document.PageNum < 1 || number < 1 || number > document.memory.DataPageCount()) return;
@@ -83,7 +83,8 @@ void SaveHeadlessPage(frmSheetwright& document) {
     if (document.memory.WhichDesign(number) != document.PageNum) return;
 
     document.memory.ClearDataPage(number);
-    document.memory.AppendDataLine(number, QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(document.PageNum));
+    document.memory.AppendDataLine(
+        number, QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(document.PageNum));
     const auto append = [&](const std::vector<Record>& records, const QString& value) {
         for (const Record& record : records)
             if (const QString* const name = record.Find(u"Name"))

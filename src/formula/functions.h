@@ -1,7 +1,7 @@
 #pragma once
 
-// Every function that a formula can call, by its upper-cased name. Each receives the raw argument text between
-// the parentheses and decides by itself how to cut it and which arguments to evaluate.
+// Every function that a formula can call, by its upper-cased name. Each receives the raw argument text
+// between the parentheses and decides by itself how to cut it and which arguments to evaluate.
 
 #include "formula/value.h"
 

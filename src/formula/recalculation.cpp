@@ -12,14 +12,15 @@ namespace sheetwright {
 
 namespace {
 
-// The masks of the fields on the page on screen, by field name. Only that page's design is looked at, whichever
-// design the page in hand has, and only the first field of a name counts.
+// The masks of the fields on the page on screen, by field name. Only that page's design is looked at,
+// whichever design the page in hand has, and only the first field of a name counts.
 QHash<QString, QString> FormatsOnScreen(const frmSheetwright& document) {
     QHash<QString, QString> formats;
     for (const KeyedCollection<QString>& field : document.FieldProperties) {
         const QString* const name = field.Find(u"Name");
         const QString* const format = field.Find(u"Format");
-        if (name != nullptr && !formats.contains(*name)) formats.insert(*name, format == nullptr ? QString() : *format);
+        if (name != nullptr && !formats.contains(*name))
+            formats.insert(*name, format == nullptr ? QString() : *format);
     }
     return formats;
 }
@@ -51,7 +52,8 @@ class RecalculationPass {
         const KeyedCollection<QString>& formulas = m_document.memory.FormulasOf(design);
         if (formulas.IsEmpty()) return;
         const int count = m_document.memory.DataPage(m_document.DataPageNum).Count();
-        for (int position = 2; position <= count; ++position) RunItem(formulas, position);
+        for (int position = 2; position <= count; ++position)
+            RunItem(formulas, position);
     }
 
   private:
@@ -72,8 +74,8 @@ class RecalculationPass {
         m_document.memory.ReplaceDataLine(m_document.DataPageNum, position, key + u'=' + text);
     }
 
-    // The search for a format is spared on runs of pages of one design: it is made on the first page of a run,
-    // and goes on within a page that has shown one.
+    // The search for a format is spared on runs of pages of one design: it is made on the first page of a
+    // run, and goes on within a page that has shown one.
     QString FormatOf(const QString& key) {
         if (!m_isNewDesign && !m_formatsSeen) return {};
         QString format = m_formats.value(key);

@@ -6,9 +6,9 @@ namespace sheetwright {
 
 class frmSheetwright;
 
-// Visits pages and items in ascending order: a later page sees an earlier page's new values, an earlier one the
-// later's old values. Does nothing while importing or in the viewer. With `noSave` the page on screen is not
-// saved first. Raises what a formula raises; the pages before it are then already rewritten.
+// Visits pages and items in ascending order: a later page sees an earlier page's new values, an earlier one
+// the later's old values. Does nothing while importing or in the viewer. With `noSave` the page on screen is
+// not saved first. Raises what a formula raises; the pages before it are then already rewritten.
 void ÜberupdateFormulas(frmSheetwright& document, bool noSave);
 
 }  // namespace sheetwright

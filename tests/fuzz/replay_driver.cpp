@@ -1,5 +1,5 @@
-// Replays a corpus folder through a fuzz target, each file as it is and then a fixed number of mutations with a
-// fixed seed, so that every run does the same.
+// Replays a corpus folder through a fuzz target, each file as it is and then a fixed number of mutations with
+// a fixed seed, so that every run does the same.
 
 #include <QByteArray>
 #include <QDir>
@@ -58,7 +58,8 @@ int main(int argc, char** argv) {
             if (!file.open(QIODevice::ReadOnly)) return 1;
             const QByteArray seed = file.readAll();
             Run(seed);
-            for (int round = 0; round < kMutationsPerFile; ++round, ++count) Run(Mutated(seed, random));
+            for (int round = 0; round < kMutationsPerFile; ++round, ++count)
+                Run(Mutated(seed, random));
         }
     }
     std::printf("%lld inputs\n", count);

@@ -22,15 +22,18 @@ MessageAnswer RecordingUserInterface::ShowMessage(const QString& text, const QSt
 
 QStringList RecordingUserInterface::MessageTexts() const {
     QStringList texts;
-    for (const ShownMessage& message : messages) texts << message.text;
+    for (const ShownMessage& message : messages)
+        texts << message.text;
     return texts;
 }
 
-ApplicationTest::ApplicationTest(const QString& title) { Restart(title); }
+ApplicationTest::ApplicationTest(const QString& title) {
+    Restart(title);
+}
 
 void ApplicationTest::Restart(const QString& title) {
-    m_application = std::make_unique<Application>(title, m_folder.path(),
-                                                  Settings(m_folder.filePath(QStringLiteral("settings"))), m_ui);
+    m_application = std::make_unique<Application>(
+        title, m_folder.path(), Settings(m_folder.filePath(QStringLiteral("settings"))), m_ui);
 }
 
 QString ApplicationTest::Path(const QString& name) const {
@@ -46,7 +49,9 @@ QString ApplicationTest::Write(const QString& name, const QByteArray& bytes) con
     return path;
 }
 
-QByteArray ApplicationTest::Read(const QString& name) const { return ReadWholeFile(m_folder.filePath(name)); }
+QByteArray ApplicationTest::Read(const QString& name) const {
+    return ReadWholeFile(m_folder.filePath(name));
+}
 
 std::vector<QStringList> ApplicationTest::ErrorRows() const {
     std::vector<QStringList> rows;

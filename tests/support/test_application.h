@@ -1,17 +1,17 @@
 #pragma once
 
-// What engine tests stand on: an application in a temporary folder, an interface that records what it is told,
-// and helpers to make files and to catch failures.
+// What engine tests stand on: an application in a temporary folder, an interface that records what it is
+// told, and helpers to make files and to catch failures.
 
 #include "core/application.h"
 #include "core/failure.h"
 #include "core/user_interface.h"
 
-#include <gtest/gtest.h>
-
 #include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <memory>
@@ -87,4 +87,6 @@ inline void PrintTo(const ShownMessage& message, std::ostream* out) {
 
 }  // namespace sheetwright
 
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}

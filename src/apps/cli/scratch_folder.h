@@ -1,0 +1,28 @@
+#pragma once
+
+// A folder of this process alone, in which opened forms lie unpacked. Several processes at once thus never
+// sweep or fill one another's directories, and whatever ends this one takes the folder with it.
+
+#include <QString>
+#include <QTemporaryDir>
+
+namespace sheetwright::cli {
+
+class ScratchFolder {
+  public:
+    // Must be made before any other thread: from now on the signals that end a process remove the folder
+    // first.
+    ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    // False when the system has no room for it.
+    [[nodiscard]] bool IsValid() const { return m_folder.isValid(); }
+    // With trailing separator.
+    [[nodiscard]] QString Path() const { return m_folder.path() + QLatin1Char('/'); }
+
+  private:
+    QTemporaryDir m_folder;
+};
+
+}  // namespace sheetwright::cli

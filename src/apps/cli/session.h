@@ -1,0 +1,68 @@
+#pragma once
+
+// What every verb works with: the application without windows, standard output, and the way a form is opened.
+
+#include "apps/cli/output.h"
+#include "apps/cli/scratch_folder.h"
+#include "core/application.h"
+#include "core/console_user_interface.h"
+#include "document/document.h"
+
+#include <QString>
+
+#include <exception>
+#include <memory>
+
+namespace sheetwright::cli {
+
+// The verb can't be done; the text says why, for standard error.
+class CommandError : public std::exception {
+  public:
+    explicit CommandError(QString text) : m_text(std::move(text)) {}
+    [[nodiscard]] const QString& Text() const noexcept { return m_text; }
+
+  private:
+    QString m_text;
+};
+
+class Session {
+  public:
+    // `installFolder` is where the executable and its data files lie.
+    explicit Session(const QString& installFolder);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    // Hands the rows that were logged on to the error log of the installation.
+    ~Session();
+
+    [[nodiscard]] Application& App() { return m_application; }
+    [[nodiscard]] Output& Out() { return m_output; }
+
+    // Reads a form and puts its first page "on screen", without a window. Raises CommandError for a file that
+    // can't be opened or holds no design page, and what the reader raises.
+    [[nodiscard]] std::unique_ptr<frmSheetwright> OpenForm(const QString& path);
+
+    // The text member of a form, without reading it any further. Raises as OpenForm does.
+    [[nodiscard]] QString FormText(const QString& path);
+
+    // The form in hand, as it was named on the command line: failures say it.
+    [[nodiscard]] const QString& FormInHand() const { return m_formInHand; }
+
+  private:
+    void TakeInHand(const QString& path);
+    [[nodiscard]] CommandError Corrupt() const;
+
+    ScratchFolder m_scratch;
+    ConsoleUserInterface m_ui;
+    Application m_application;
+    Output m_output;
+    QString m_writableFolder;  // of the installation
+    QString m_formInHand;
+};
+
+// Raises CommandError unless the document has a data page of that number.
+void RequirePage(const frmSheetwright& document, int page);
+
+// The title of a design page; "" when it has none.
+[[nodiscard]] QString TitleOf(const frmSheetwright& document, int design);
+
+}  // namespace sheetwright::cli

@@ -1,0 +1,96 @@
+#include "core/atomic_file.h"
+
+#include "core/failure.h"
+#include "core/paths.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+
+namespace sheetwright {
+
+namespace {
+
+constexpr int kLinksFollowed = 40;
+
+// The file that a chain of symbolic links ends in, whether or not it exists.
+QString BehindLinks(const QString& path) {
+    std::filesystem::path file = QFile::encodeName(path).toStdString();
+    std::error_code error;
+    for (int count = 0; std::filesystem::is_symlink(file, error); ++count) {
+        if (count == kLinksFollowed) throw Failure(failure::kPathAccess);
+        const std::filesystem::path next = std::filesystem::read_symlink(file, error);
+        if (error) throw Failure(failure::kPathAccess);
+        file = file.parent_path() / next;
+    }
+    return QFile::decodeName(QByteArray::fromStdString(file.string()));
+}
+
+std::optional<struct stat> StatusOf(const QString& path) {
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) return std::nullopt;
+    return status;
+}
+
+// A file that can't be created blames the place where it should lie, not the file.
+int CreationFailure(int error) {
+    const int number = FailureNumberOfErrno(error);
+    if (number == failure::kFileNotFound) return failure::kPathNotFound;
+    return number == failure::kPermissionDenied ? failure::kPathAccess : number;
+}
+
+}  // namespace
+
+AtomicFile::AtomicFile(const QString& target, const QString& suffix)
+    : m_target(BehindLinks(OnDisk(target))), m_beside(m_target + suffix) {
+    const std::optional<struct stat> old = StatusOf(m_target);
+    if (old && !S_ISREG(old->st_mode)) throw Failure(failure::kPathAccess);
+    const QByteArray beside = QFile::encodeName(m_beside);
+    ::unlink(beside.constData());
+    m_handle = ::open(beside.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (m_handle < 0) throw Failure(errno == EEXIST ? failure::kPathAccess : CreationFailure(errno));
+}
+
+AtomicFile::~AtomicFile() {
+    if (m_handle < 0) return;
+    ::close(m_handle);
+    ::unlink(QFile::encodeName(m_beside).constData());
+}
+
+int AtomicFile::TryWrite(QByteArrayView bytes) const {
+    while (!bytes.isEmpty()) {
+        const ssize_t written = ::write(m_handle, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return written < 0 ? errno : ENOSPC;
+        bytes = bytes.sliced(written);
+    }
+    return 0;
+}
+
+void AtomicFile::Write(QByteArrayView bytes) const {
+    if (const int error = TryWrite(bytes); error != 0) throw Failure(FailureNumberOfErrno(error));
+}
+
+void AtomicFile::Flush() const {
+    if (::fsync(m_handle) != 0 && errno != EINVAL) throw Failure(FailureNumberOfErrno(errno));
+}
+
+void AtomicFile::Replace() {
+    if (const std::optional<struct stat> old = StatusOf(m_target)) {
+        if (!(old->st_mode & S_IWUSR)) throw Failure(failure::kPathAccess);
+        // Only an administrator may give files away; for everybody else the new file is their own.
+        if (::fchown(m_handle, old->st_uid, old->st_gid) != 0) errno = 0;
+        if (::fchmod(m_handle, old->st_mode & 07777) != 0) throw Failure(FailureNumberOfErrno(errno));
+    }
+    ReplaceFile(m_beside, m_target);
+    ::close(m_handle);
+    m_handle = -1;
+}
+
+}  // namespace sheetwright

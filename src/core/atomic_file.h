@@ -1,0 +1,43 @@
+#pragma once
+
+// A file on its way to replace another: written beside it, flushed to the disk, put in place by one rename. A
+// reader sees the old file or the new one and never a part; a failure, or just letting go, leaves the old
+// one.
+
+#include <QByteArrayView>
+#include <QString>
+
+namespace sheetwright {
+
+class AtomicFile {
+  public:
+    // Opens `target` + `suffix`, both taken behind symbolic links; a left-over of that name is replaced.
+    // Raises 75 (target is no plain file, or no access), 76 (no such folder), 61 or 57.
+    AtomicFile(const QString& target, const QString& suffix);
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+    // Removes the file beside unless it was put in place.
+    ~AtomicFile();
+
+    [[nodiscard]] const QString& BesidePath() const { return m_beside; }
+    [[nodiscard]] int Handle() const { return m_handle; }
+
+    // Writes at the handle's position. Returns 0 or the system's error number: libraries that write through a
+    // callback can't have a failure travel through them.
+    [[nodiscard]] int TryWrite(QByteArrayView bytes) const;
+
+    // Raise 61, 57 or another number of `FailureNumberOfErrno`.
+    void Write(QByteArrayView bytes) const;
+    void Flush() const;
+
+    // Gives the file the owner and permissions of the old one and renames it over that, in one step. Raises
+    // 75 when the old file is read-only, otherwise what the rename raises.
+    void Replace();
+
+  private:
+    QString m_target;
+    QString m_beside;
+    int m_handle = -1;
+};
+
+}  // namespace sheetwright

@@ -1,0 +1,50 @@
+#include "core/run_command.h"
+
+#include "core/application.h"
+#include "core/error_log.h"
+
+#include <new>
+
+namespace sheetwright {
+
+namespace {
+
+// Texts that the failure itself has made up are told to support as well.
+QString AdditionalText(const Failure& caught) {
+    return caught.Text() == FailureText(caught.Number()) ? QString() : caught.Text();
+}
+
+// In English when the failure is the dictionary's own.
+QString MessageOf(const Application& application, const Failure& caught) {
+    const QString number = QString::number(caught.Number());
+    QString message = number + QStringLiteral(": ") + caught.Text();
+    Ignoring([&] {
+        message =
+            application.Translate(QStringLiteral("Error %1: %2"), number + QChar(u'\u00A6') + caught.Text());
+    });
+    return message;
+}
+
+void Report(Application& application, const QString& name, const Failure& caught) {
+    Ignoring([&] { LogError(application, name, AdditionalText(caught), caught.Number()); });
+    application.ui.ShowMessage(MessageOf(application, caught), application.Title, MessageIcon::Critical);
+}
+
+std::optional<Failure> FailureOfCommand(const std::function<void()>& command) {
+    try {
+        return Ignoring(command);
+    } catch (const std::bad_alloc&) {
+        return Failure(failure::kOutOfMemory);
+    }
+}
+
+}  // namespace
+
+std::optional<Failure> RunCommand(Application& application, const QString& name,
+                                  const std::function<void()>& command) {
+    std::optional<Failure> caught = FailureOfCommand(command);
+    if (caught) Report(application, name, *caught);
+    return caught;
+}
+
+}  // namespace sheetwright

@@ -1,0 +1,25 @@
+#pragma once
+
+// Packs files into a new zip archive.
+
+#include <QString>
+
+#include <vector>
+
+namespace sheetwright {
+
+class AtomicFile;
+
+struct FileToPack {
+    QString name;  // the member's name
+    QString path;
+};
+
+enum class Packing { Deflated, Stored };
+
+// Writes `output` anew with one member for each file, in order, names in UTF-8. Nothing but `output` is
+// written to. Raises what reading the files and writing the archive raises: 53 for a file that has gone, 61
+// when the disk is full.
+void WriteZip(AtomicFile& output, const std::vector<FileToPack>& files, Packing packing);
+
+}  // namespace sheetwright

@@ -1,0 +1,101 @@
+#include "core/application.h"
+#include "core/error_log.h"
+#include "core/failure.h"
+#include "core/folders.h"
+#include "core/paths.h"
+#include "formula/evaluator.h"
+#include "formula/function_arguments.h"
+#include "formula/function_families.h"
+#include "formula/value_conversion.h"
+#include "import/csv_table.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace sheetwright {
+
+namespace {
+
+struct KeyPair {
+    QString field;
+    QString value;
+};
+
+struct KeyColumn {
+    const CsvColumn& column;
+    const QString& value;
+};
+
+// Reading one record counts for this much, roughly.
+constexpr qint64 kWorkOfOneRecord = 10;
+
+// A table would take a file that is not there for an empty one, which is a failure here.
+void OpenList(CsvTable& list, const QString& path) {
+    if (!FileExists(path)) throw Failure(failure::kFileNotFound);
+    list.SetFileName(path);
+}
+
+// Whether the list is open. A list that can't be opened is logged, and the log's own failure is of no
+// interest.
+bool OpenListOrLog(Evaluator& evaluator, CsvTable& list, const QString& path) {
+    evaluator.Charge(kWorkOfOneFile);
+    const std::optional<Failure> caught = Suppressing([&] { OpenList(list, path); });
+    evaluator.Charge(kWorkOfOneRecord * list.RecordCount());
+    if (!caught) return true;
+    evaluator.NoteSideEffect();
+    Ignoring([&] {
+        LogError(evaluator.Context().application, QStringLiteral("FListLookup"),
+                 QStringLiteral("Error loading list: ") + path, caught->Number());
+    });
+    return false;
+}
+
+// Pairs of field and value up to the first of which both are "", or to the end.
+std::vector<KeyPair> ReadKeyPairs(ArgumentReader& reader) {
+    std::vector<KeyPair> pairs;
+    while (true) {
+        QString field = reader.NextText();
+        QString value = reader.NextText();
+        if (field.isEmpty() && value.isEmpty()) return pairs;
+        pairs.push_back({std::move(field), std::move(value)});
+    }
+}
+
+std::vector<KeyColumn> KeyColumnsOf(CsvTable& list, const std::vector<KeyPair>& pairs) {
+    std::vector<KeyColumn> columns;
+    for (const KeyPair& pair : pairs)
+        columns.push_back({list.Columns().At(pair.field), pair.value});
+    return columns;
+}
+
+// Positions on the first record that has all key values. A key field that is no column raises 5.
+bool FindRecord(CsvTable& list, const std::vector<KeyPair>& pairs, const Application& application) {
+    list.MoveFirst();
+    if (list.AtEnd()) return false;
+    const TruthWords words = application.TranslatedTruthWords();
+    const std::vector<KeyColumn> keys = KeyColumnsOf(list, pairs);
+    const auto matches = [&](const KeyColumn& key) {
+        return FieldDisplayText(key.column, application.conventions, words) == key.value;
+    };
+    while (!list.AtEnd() && !std::all_of(keys.begin(), keys.end(), matches))
+        list.MoveNext();
+    return !list.AtEnd();
+}
+
+}  // namespace
+
+Value FListLookup(Evaluator& evaluator, QStringView arguments) {
+    const Application& application = evaluator.Context().application;
+    ArgumentReader reader(evaluator, arguments);
+    const QString name = reader.NextText();
+    const QString returnField = reader.NextText();
+    const QString otherwise = reader.NextText();
+
+    CsvTable list;
+    if (!OpenListOrLog(evaluator, list, ListFolder(application) + QStringLiteral("Lists\\") + name))
+        return otherwise;
+    const std::vector<KeyPair> pairs = ReadKeyPairs(reader);
+    return FindRecord(list, pairs, application) ? list.Columns().At(returnField).Value() : otherwise;
+}
+
+}  // namespace sheetwright

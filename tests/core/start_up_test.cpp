@@ -1,0 +1,419 @@
+#include "core/start_up.h"
+
+#include "core/folders.h"
+#include "support/test_application.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QThread>
+
+#include <vector>
+
+namespace sheetwright {
+
+namespace {
+
+// Notes what it is asked for, and changes the remembered folders as opening a file does.
+class RecordingActions : public StartUpActions {
+  public:
+    explicit RecordingActions(Application& application) : m_application(application) {}
+
+    bool ClaimInstance() override {
+        Note(QStringLiteral("claim"));
+        return isFirst;
+    }
+    void SetSplashProductLine(const QString& text) override { Note(QStringLiteral("product ") + text); }
+    void ShowSplash() override { Note(QStringLiteral("splash")); }
+    void CloseSplash() override { Note(QStringLiteral("close splash")); }
+    void LoadMainWindow() override { Note(QStringLiteral("load main")); }
+    void ShowMainWindow() override { Note(QStringLiteral("show main")); }
+    void SetMainWindowCaption(const QString& caption) override { Note(QStringLiteral("caption ") + caption); }
+    void ShowTipOfTheDay() override { Note(QStringLiteral("tip")); }
+    void ShowWelcome() override {
+        Note(QStringLiteral("welcome"));
+        dialogFileName = choice;
+    }
+    QString DialogFileName() override { return dialogFileName; }
+    void SetDialogFileName(const QString& path) override { dialogFileName = path; }
+    void OpenTemplate(const QString& path) override {
+        Note(QStringLiteral("template ") + path);
+        SetTemplateFolder(m_application, QStringLiteral("/opened/"));
+    }
+    void OpenForm() override {
+        Note(QStringLiteral("form ") + dialogFileName);
+        SetFormFolder(m_application, QStringLiteral("/opened/"));
+    }
+    void SetPollInterval(int milliseconds) override { Note(QStringLiteral("poll %1").arg(milliseconds)); }
+
+    bool isFirst = true;
+    QString dialogFileName;
+    QString choice;  // what the welcome screen leaves in the file dialog
+    QStringList calls;
+
+  private:
+    void Note(const QString& call) { calls << call; }
+
+    Application& m_application;
+};
+
+class StartUp : public ApplicationTest {
+  protected:
+    // The calls of a whole start-up.
+    QStringList Start(const QString& commandLine = QString(), const QString& choice = QString()) {
+        RecordingActions actions(*m_application);
+        actions.choice = choice;
+        EXPECT_TRUE(Main(*m_application, actions, commandLine));
+        return actions.calls;
+    }
+    // Those behind the closing of the splash.
+    QStringList Opened(const QString& commandLine, const QString& choice = QString()) {
+        const QStringList calls = Start(commandLine, choice);
+        return calls.sliced(calls.indexOf(QStringLiteral("close splash")) + 1);
+    }
+    [[nodiscard]] QString Updater(const QString& section, const QString& key) const {
+        return m_application->settings.Read(QStringLiteral("AutoUpdater"), section, key,
+                                            QStringLiteral("none"));
+    }
+    void Set(const QString& section, const QString& key, const QString& value) {
+        m_application->settings.Write(m_application->Title, section, key, value);
+    }
+};
+
+TEST_F(StartUp, NormalModeShowsEverything) {
+    EXPECT_EQ(Start(),
+              QStringList({QStringLiteral("claim"), QStringLiteral("splash"), QStringLiteral("load main"),
+                           QStringLiteral("show main"), QStringLiteral("close splash"), QStringLiteral("tip"),
+                           QStringLiteral("welcome")}));
+    EXPECT_EQ(m_ui.pumps, 1);
+}
+
+TEST_F(StartUp, ViewerHasAProductLineAndNoWelcome) {
+    Restart(QStringLiteral("Tolvane Ketterlin Professional Viewer"));
+    EXPECT_EQ(Start(),
+              QStringList({QStringLiteral("claim"), QStringLiteral("product Viewer"),
+                           QStringLiteral("splash"), QStringLiteral("load main"), QStringLiteral("show main"),
+                           QStringLiteral("close splash"), QStringLiteral("tip")}));
+}
+
+TEST_F(StartUp, ReportEngineHasNoSplashAndAHiddenWindow) {
+    Restart(QStringLiteral("Tolvane Reports"));
+    EXPECT_EQ(Start(QStringLiteral("/IPC")),
+              QStringList({QStringLiteral("claim"), QStringLiteral("load main"),
+                           QStringLiteral("caption Tolvane Reports"), QStringLiteral("close splash"),
+                           QStringLiteral("poll 1000")}));
+}
+
+TEST_F(StartUp, TitleWithBothWordsShowsTheSplashAndHidesTheWindow) {
+    Restart(QStringLiteral("Report Viewer"));
+    EXPECT_EQ(Start(), QStringList({QStringLiteral("claim"), QStringLiteral("product Viewer"),
+                                    QStringLiteral("splash"), QStringLiteral("load main"),
+                                    QStringLiteral("caption Report Viewer"), QStringLiteral("close splash"),
+                                    QStringLiteral("tip")}));
+    EXPECT_EQ(Updater(QStringLiteral("Dunmorrow"), QStringLiteral("Name")),
+              QStringLiteral("Tolvane Quillon Viewer"));
+}
+
+TEST_F(StartUp, SecondInstanceEndsWithNothingShownAndNothingWritten) {
+    Restart(QStringLiteral("Tolvane Quillon Sheetwright"));
+    RecordingActions actions(*m_application);
+    actions.isFirst = false;
+    EXPECT_FALSE(Main(*m_application, actions, QString()));
+    EXPECT_EQ(actions.calls, QStringList(QStringLiteral("claim")));
+    EXPECT_TRUE(QDir(m_folder.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+}
+
+TEST_F(StartUp, InstallLocationIsPublishedForTheUpdater) {
+    struct Deployment {
+        QString title;
+        QString section;
+        QString name;
+    };
+    const std::vector<Deployment> deployments{
+        {QStringLiteral("x viewer"), QStringLiteral("Dunmorrow"), QStringLiteral("Tolvane Quillon Viewer")},
+        {QStringLiteral("x report"), QStringLiteral("Tolvane Reports"), QStringLiteral("Tolvane Reports")},
+        {QStringLiteral("x"), QStringLiteral("Tolvane Quillon"), QStringLiteral("Tolvane Quillon")}};
+    for (const Deployment& deployment : deployments) {
+        Restart(deployment.title);
+        EXPECT_EQ(Updater(deployment.section, QStringLiteral("Path")), QStringLiteral("none"));
+        Start();
+        EXPECT_EQ(Updater(deployment.section, QStringLiteral("Path")), m_application->InstallFolder);
+        EXPECT_EQ(Updater(deployment.section, QStringLiteral("Name")), deployment.name);
+    }
+}
+
+TEST_F(StartUp, SettingsAreReadUnderTheTranslatedTitle) {
+    Write(QStringLiteral("Sheetwright.DIC"),
+          "ENGLISH,TRANSLATION\r\nTolvane Quillon Sheetwright,Formularwerk\r\nx viewer,Betrachter x\r\n"
+          "Viewer,Betrachter\r\n");
+    m_application->settings.Write(QStringLiteral("Formularwerk"), QStringLiteral("Settings"),
+                                  QStringLiteral("Tipsyn"), QStringLiteral("False"));
+    EXPECT_EQ(Opened(QString()), QStringList(QStringLiteral("welcome")));
+    Restart(QStringLiteral("x viewer"));
+    EXPECT_TRUE(Start().contains(QStringLiteral("product Betrachter")));
+}
+
+TEST_F(StartUp, PaperSizesAreLoadedAndTempIsSwept) {
+    Write(QStringLiteral("papersizes.csv"), "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,11906,16838\r\n");
+    QDir(m_folder.path()).mkpath(QStringLiteral("TEMP/00000001"));
+    Start();
+    EXPECT_EQ(m_application->PaperTable.RecordCount(), 1);
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("TEMP/00000001"))));
+    EXPECT_EQ(m_application->CurrentTempDir, TempRoot(*m_application));
+}
+
+TEST_F(StartUp, TipAndWelcomeStayAwayWhenTheirSettingsSaySo) {
+    Set(QStringLiteral("Settings"), QStringLiteral("Tipsyn"), QStringLiteral("False"));
+    EXPECT_EQ(Opened(QString()), QStringList(QStringLiteral("welcome")));
+    Set(QStringLiteral("frmWelcome"), QStringLiteral("ShowOnStartup"), QStringLiteral("False"));
+    EXPECT_TRUE(Opened(QString()).isEmpty());
+}
+
+TEST_F(StartUp, ChoiceOfTheWelcomeScreenIsOpenedAndItsFolderRemembered) {
+    EXPECT_EQ(Opened(QString(), QStringLiteral("/f/a.aff")).last(), QStringLiteral("form /f/a.aff"));
+    EXPECT_EQ(Opened(QString(), QStringLiteral("/t/a.aft")).last(), QStringLiteral("template /t/a.aft"));
+    EXPECT_EQ(FormFolder(*m_application), QStringLiteral("/opened/"));
+}
+
+TEST_F(StartUp, FolderOfTheChoiceIsRememberedBeforeItIsOpened) {
+    class FolderSeenOnOpening : public RecordingActions {
+      public:
+        explicit FolderSeenOnOpening(Application& application)
+            : RecordingActions(application), m_state(application) {}
+        void OpenForm() override { folder = FormFolder(m_state); }
+        void OpenTemplate(const QString& /*path*/) override { folder = TemplateFolder(m_state); }
+        QString folder;
+
+      private:
+        Application& m_state;
+    };
+    FolderSeenOnOpening actions(*m_application);
+    actions.choice = QStringLiteral("/f/a.aff");
+    Main(*m_application, actions, QString());
+    EXPECT_EQ(actions.folder, QStringLiteral("/f/"));
+    actions.choice = QStringLiteral("/t/a.aft");
+    Main(*m_application, actions, QString());
+    EXPECT_EQ(actions.folder, QStringLiteral("/t/"));
+}
+
+TEST_F(StartUp, ChoiceThatIsNoFileOpensNothing) {
+    for (const QString& choice :
+         {QStringLiteral("*.aff"), QStringLiteral("*.aft"), QStringLiteral(".aff"), QStringLiteral("a.AFF"),
+          QStringLiteral("a.Aft"), QStringLiteral("a.txt"), QStringLiteral("*.x.aff"), QString()})
+        EXPECT_EQ(Opened(QString(), choice).last(), QStringLiteral("welcome")) << choice.toStdString();
+}
+
+TEST_F(StartUp, CommandLineOfBlanksIsNotEmpty) {
+    EXPECT_TRUE(Opened(QStringLiteral("  ")).isEmpty());
+}
+
+TEST_F(StartUp, TokensOfTheCommandLineActInTheirOrder) {
+    EXPECT_EQ(Opened(QStringLiteral("\"/my forms/a.aff\" /IPC b.aft")),
+              QStringList({QStringLiteral("form /my forms/a.aff"), QStringLiteral("poll 1000"),
+                           QStringLiteral("template b.aft")}));
+}
+
+TEST_F(StartUp, CommandLineTakesAnyCase) {
+    EXPECT_EQ(Opened(QStringLiteral("a.AFF b.Aft /ipc")),
+              QStringList({QStringLiteral("form a.AFF"), QStringLiteral("template b.Aft"),
+                           QStringLiteral("poll 1000")}));
+}
+
+TEST_F(StartUp, NameThatIsOnlyAnEndingOpensFromTheCommandLine) {
+    EXPECT_EQ(Opened(QStringLiteral(".aff")), QStringList(QStringLiteral("form .aff")));
+}
+
+TEST_F(StartUp, UnknownTokenIsIgnored) {
+    EXPECT_TRUE(Opened(QStringLiteral("/x a.txt aff /IPC2")).isEmpty());
+}
+
+TEST_F(StartUp, UnbalancedQuoteLosesTheLastToken) {
+    EXPECT_EQ(Opened(QStringLiteral("a.aff \"b.aff")), QStringList(QStringLiteral("form a.aff")));
+}
+
+TEST_F(StartUp, FilesOfTheCommandLineDoNotChangeTheRememberedFolders) {
+    SetFormFolder(*m_application, QStringLiteral("/forms/"));
+    SetTemplateFolder(*m_application, QStringLiteral("/templates/"));
+    Start(QStringLiteral("a.aff b.aft"));
+    EXPECT_EQ(FormFolder(*m_application), QStringLiteral("/forms/"));
+    EXPECT_EQ(TemplateFolder(*m_application), QStringLiteral("/templates/"));
+}
+
+TEST(CommandLineTokens, SplitsAtBlanksOutsideQuotes) {
+    EXPECT_EQ(CommandLineTokens(QStringLiteral("a \"b c\" d\"e f\"g")),
+              QStringList({QStringLiteral("a"), QStringLiteral("b c"), QStringLiteral("de fg")}));
+}
+
+TEST(CommandLineTokens, BlankEndsEvenAnEmptyToken) {
+    EXPECT_EQ(CommandLineTokens(QStringLiteral("a  b")),
+              QStringList({QStringLiteral("a"), QString(), QStringLiteral("b")}));
+    EXPECT_EQ(CommandLineTokens(QStringLiteral(" ")), QStringList({QString(), QString()}));
+    EXPECT_EQ(CommandLineTokens(QString()), QStringList(QString()));
+}
+
+TEST(CommandLineTokens, UnbalancedQuoteLosesTheLastToken) {
+    EXPECT_EQ(CommandLineTokens(QStringLiteral("a b\"c d")), QStringList(QStringLiteral("a")));
+}
+
+TEST(CommandLineTokens, OtherWhiteSpaceBelongsToAToken) {
+    EXPECT_EQ(CommandLineTokens(QStringLiteral("a\tb")), QStringList(QStringLiteral("a\tb")));
+}
+
+TEST(CommandLineOf, IsEmptyWithoutArguments) {
+    EXPECT_EQ(CommandLineOf({}), QString());
+}
+
+TEST(CommandLineOf, GivesTheArgumentsBack) {
+    const QStringList arguments{QStringLiteral("/my forms/a.aff"), QString(), QStringLiteral("/IPC"),
+                                QStringLiteral(" "), QStringLiteral("tab\there")};
+    EXPECT_EQ(CommandLineTokens(CommandLineOf(arguments)), arguments);
+}
+
+TEST(CommandLineOf, QuotesInAnArgumentAreDroppedAndSpoilNoOther) {
+    EXPECT_EQ(
+        CommandLineTokens(CommandLineOf(
+            {QStringLiteral("\"my form.aff\""), QStringLiteral("5\" disk.aff"), QStringLiteral("b.aff")})),
+        QStringList({QStringLiteral("my form.aff"), QStringLiteral("5 disk.aff"), QStringLiteral("b.aff")}));
+}
+
+TEST(WaitForRunner, WaitsASecondBeforeItAsks) {
+    int waits = 0;
+    WaitForRunner([] { return false; }, [&] { ++waits; });
+    EXPECT_EQ(waits, 1);
+}
+
+TEST(WaitForRunner, AsksUntilTheRunnerHasEnded) {
+    int waits = 0;
+    WaitForRunner([&] { return waits < 7; }, [&] { ++waits; });
+    EXPECT_EQ(waits, 7);
+}
+
+TEST(WaitForRunner, GivesUpAfterSixtySeconds) {
+    int waits = 0;
+    WaitForRunner([] { return true; }, [&] { ++waits; });
+    EXPECT_EQ(waits, 60);
+}
+
+class UpdateRunner : public ApplicationTest {
+  protected:
+    void WriteRunner(const QString& name, const QByteArray& script) {
+        const QString path = Write(name, script);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    // Waits given, each of which lasts until the runner has left its mark.
+    int Waits() {
+        int waits = 0;
+        RunUpdateRunner(*m_application, [&] {
+            ++waits;
+            const QDeadlineTimer limit(30'000);
+            while (!QFile::exists(m_folder.filePath(QStringLiteral("mark"))) && !limit.hasExpired())
+                QThread::yieldCurrentThread();
+        });
+        return waits;
+    }
+};
+
+TEST_F(UpdateRunner, NoneIsStartedWhereNoneIs) {
+    EXPECT_EQ(Waits(), 0);
+}
+
+TEST_F(UpdateRunner, IsStartedInTheInstallFolder) {
+    for (const QString& name : {QStringLiteral("RunOnce.exe"), QStringLiteral("RunOnce")}) {
+        WriteRunner(name, "#!/bin/sh\necho x > mark\n");
+        EXPECT_GE(Waits(), 1) << name.toStdString();
+        EXPECT_TRUE(QFile::remove(m_folder.filePath(QStringLiteral("mark")))) << name.toStdString();
+        QFile::remove(m_folder.filePath(name));
+    }
+}
+
+TEST_F(UpdateRunner, RunnerThatCannotBeStartedIsIgnored) {
+    Write(QStringLiteral("RunOnce.exe"), "no program");
+    QFile::setPermissions(m_folder.filePath(QStringLiteral("RunOnce.exe")), QFile::ReadOwner);
+    EXPECT_EQ(Waits(), 0);
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
+class Claim : public ApplicationTest {
+  protected:
+    Claim() : m_oldFolder(qgetenv("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
+        qunsetenv("SHEETWRIGHT_CHANNEL");
+    }
+    ~Claim() override {
+        qunsetenv("SHEETWRIGHT_CHANNEL");
+        if (m_oldFolder.isNull()) {
+            qunsetenv("XDG_RUNTIME_DIR");
+        } else {
+            qputenv("XDG_RUNTIME_DIR", m_oldFolder);
+        }
+    }
+    [[nodiscard]] QStringList Locks() const {
+        return QDir(m_folder.path()).entryList({QStringLiteral("*.lock")}, QDir::Files);
+    }
+
+    QByteArray m_oldFolder;
+    const QString m_program = QStringLiteral("Tolvane Quillon Sheetwright");
+};
+
+TEST_F(Claim, IsHeldByOneAtATime) {
+    InstanceClaim second;
+    {
+        InstanceClaim first;
+        EXPECT_TRUE(first.Take(m_program));
+        EXPECT_FALSE(second.Take(m_program));
+    }
+    EXPECT_TRUE(second.Take(m_program));
+}
+
+TEST_F(Claim, OtherProgramsAndChannelsDoNotCount) {
+    InstanceClaim first;
+    InstanceClaim viewer;
+    InstanceClaim channel;
+    EXPECT_TRUE(first.Take(m_program));
+    EXPECT_TRUE(viewer.Take(QStringLiteral("Tolvane Ketterlin Professional Viewer")));
+    qputenv("SHEETWRIGHT_CHANNEL", "second");
+    EXPECT_TRUE(channel.Take(m_program));
+}
+
+TEST_F(Claim, OfACrashedProcessDoesNotBlock) {
+    QString lock;
+    QByteArray content;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+        content = Read(lock);
+    }
+    Write(lock, "999999999" + content.mid(content.indexOf('\n')));
+    InstanceClaim next;
+    EXPECT_TRUE(next.Take(m_program));
+}
+
+TEST_F(Claim, OfAProcessThatCrashedWhileTakingItDoesNotBlock) {
+    QString lock;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+    }
+    Write(lock, "");
+    InstanceClaim next;
+    EXPECT_TRUE(next.Take(m_program));
+}
+
+TEST_F(Claim, ThatCannotBeWrittenDownIsGranted) {
+    qputenv("SHEETWRIGHT_CHANNEL", "x");
+    QString lock;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+    }
+    QDir(m_folder.path()).mkdir(lock);
+    InstanceClaim claim;
+    EXPECT_TRUE(claim.Take(m_program));
+}
+
+}  // namespace
+
+}  // namespace sheetwright

@@ -1,0 +1,429 @@
+#include "formula/evaluator.h"
+
+#include "core/failure.h"
+#include "formula/formula_test_base.h"
+#include "formula/functions.h"
+
+namespace sheetwright {
+namespace {
+
+TEST(FindMyClosing, FindsTheParenthesisOfTheSameDepth) {
+    EXPECT_EQ(FindMyClosing(u"ADD(1,ADD(2,3)),4)", 4), 15);
+    EXPECT_EQ(FindMyClosing(u"ADD(1,ADD(2,3)),4)", 10), 14);
+    EXPECT_EQ(FindMyClosing(u"()", 1), 2);
+}
+
+TEST(FindMyClosing, GivesZeroWhenNothingCloses) {
+    EXPECT_EQ(FindMyClosing(u"ADD(1,(2)", 4), 0);
+    EXPECT_EQ(FindMyClosing(u"ADD(", 4), 0);
+    EXPECT_EQ(FindMyClosing(u"", 1), 0);
+}
+
+TEST(FindMyClosing, CountsParenthesesInsideStrings) {
+    EXPECT_EQ(FindMyClosing(u"A(\")\")", 2), 4);
+    EXPECT_EQ(FindMyClosing(u"A(\"(\")", 2), 0);
+}
+
+TEST(FindMyClosing, RefusesPositionsBelowTheTextAndBeyondSixteenBits) {
+    EXPECT_EQ(FailureOf([] { (void)FindMyClosing(u"()", -1); }), 5);
+    const QString late = QString(40'000, u'x') + u')';
+    EXPECT_EQ(FailureOf([&] { (void)FindMyClosing(late, 1); }), 6);
+}
+
+TEST(FSplitComma, CutsAtCommasOutsideQuotesParenthesesAndBraces) {
+    const QStringView arguments = u"1,ADD(2,3),{FIELDS\\a,b},\"x,y\", z ";
+    EXPECT_EQ(FSplitComma(arguments, 1), u"1");
+    EXPECT_EQ(FSplitComma(arguments, 2), u"ADD(2,3)");
+    EXPECT_EQ(FSplitComma(arguments, 3), u"{FIELDS\\a,b}");
+    EXPECT_EQ(FSplitComma(arguments, 4), u"\"x,y\"");
+    EXPECT_EQ(FSplitComma(arguments, 5), u" z ");
+    EXPECT_EQ(FSplitComma(arguments, 6), u",");
+}
+
+TEST(FSplitComma, AnEmptyTextHasOneEmptyArgument) {
+    EXPECT_EQ(FSplitComma(u"", 1), u"");
+    EXPECT_EQ(FSplitComma(u"", 2), u",");
+}
+
+TEST(FSplitComma, EmptyArgumentsCountAlsoAtTheEnd) {
+    EXPECT_EQ(FSplitComma(u"1,,", 2), u"");
+    EXPECT_EQ(FSplitComma(u"1,,", 3), u"");
+    EXPECT_EQ(FSplitComma(u"1,,", 4), u",");
+}
+
+TEST(FSplitComma, ThereIsNoArgumentBeforeTheFirst) {
+    EXPECT_EQ(FSplitComma(u"1,2", 0), u",");
+    EXPECT_EQ(FSplitComma(u"1,2", -3), u",");
+}
+
+TEST(FSplitComma, AParenthesisInsideQuotesDoesNotCount) {
+    EXPECT_EQ(FSplitComma(u"\"(\",2", 2), u"2");
+    EXPECT_EQ(FSplitComma(u"\"}\",2", 2), u"2");
+}
+
+TEST(FSplitComma, AnUnbalancedDepthOrQuoteHidesAllFurtherCommas) {
+    EXPECT_EQ(FSplitComma(u"),1", 1), u"),1");
+    EXPECT_EQ(FSplitComma(u"\"a,1", 1), u"\"a,1");
+    EXPECT_EQ(FSplitComma(u"},{,2", 2), u"2");
+}
+
+class EvaluatorTest : public FormulaTest {
+  protected:
+    EvaluatorTest() {
+        AddDesign(QStringLiteral("Cover"));
+        AddDesign(QStringLiteral("A"));
+        AddDesign(QStringLiteral("Unused"));
+        AddPage(1, {QStringLiteral("Name=first"), QStringLiteral("Blank=")});
+        AddPage(2, {QStringLiteral("b=x"), QStringLiteral("x,y=comma"), QStringLiteral("7=seven")});
+        AddPage(2, {QStringLiteral("b=y")});
+        AddPage(1, {QStringLiteral("Name=fourth")});
+        AddPage(1, {QStringLiteral("Name=fifth"), QStringLiteral("Name=again"), QStringLiteral("eq=a=b")});
+        AddPage(2, {QStringLiteral("b=last"), QStringLiteral("no equals sign")});
+    }
+};
+
+TEST_F(EvaluatorTest, NumbersAreDoubles) {
+    EXPECT_EQ(Told("12"), "Double 12");
+    EXPECT_EQ(Told("-1.5"), "Double -1.5");
+    EXPECT_EQ(Told(".5"), "Double 0.5");
+    EXPECT_EQ(Told("-"), "Double 0");
+    EXPECT_EQ(Told("."), "Double 0");
+    EXPECT_EQ(Told("1abc"), "Double 1");
+}
+
+TEST_F(EvaluatorTest, ADateWithoutQuotesIsReadAsItsStamp) {
+    EXPECT_EQ(Told("12/10/2003"), "Double 20031012");
+}
+
+TEST_F(EvaluatorTest, ANegatedCallIsANumberAndNoCall) {
+    EXPECT_EQ(Told("-ADD(1,2)"), "Double 0");
+}
+
+TEST_F(EvaluatorTest, PointFiveIsAHalfWhateverTheDecimalSeparator) {
+    UseLocale(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(Told(".5"), "Double 0,5");
+    EXPECT_EQ(Told("ADD(1.25,0.5)"), "Double 1,75");
+}
+
+TEST_F(EvaluatorTest, TheFirstPointOfANumberIsRewrittenInTheCallersText) {
+    UseLocale(QLocale(QLocale::German, QLocale::Germany));
+    EvaluationContext context = Context();
+    Evaluator evaluator(context);
+    QString number = QStringLiteral("1.5.2");
+    (void)evaluator.Evaluate(number);
+    EXPECT_EQ(number, QStringLiteral("1,5.2"));
+
+    QString text = QStringLiteral("\"1.5\"");
+    (void)evaluator.Evaluate(text);
+    EXPECT_EQ(text, QStringLiteral("\"1.5\""));
+}
+
+TEST_F(EvaluatorTest, APointStaysWhereItIsTheDecimalSeparator) {
+    EvaluationContext context = Context();
+    QString number = QStringLiteral("1.5");
+    EXPECT_EQ(Evaluator(context).Evaluate(number), Value(1.5));
+    EXPECT_EQ(number, QStringLiteral("1.5"));
+}
+
+TEST_F(EvaluatorTest, QuotedTextIsAStringUnlessItIsANumber) {
+    EXPECT_EQ(Told("\"\""), "String ");
+    EXPECT_EQ(Told("\"0\""), "Double 0");
+    EXPECT_EQ(Told("\"12\""), "Double 12");
+    EXPECT_EQ(Told("\"1a\""), "String 1a");
+    EXPECT_EQ(Told("\"-\""), "String -");
+    EXPECT_EQ(Told("\"31/12/1999\""), "String 31/12/1999");
+}
+
+TEST_F(EvaluatorTest, TheLastCharacterOfAStringIsDroppedUnseen) {
+    EXPECT_EQ(Told("\"abcd"), "String abc");
+}
+
+TEST_F(EvaluatorTest, ALoneQuoteFails) {
+    EXPECT_EQ(Told("\""), "failure 5");
+}
+
+TEST_F(EvaluatorTest, KeywordsIgnoreCase) {
+    m_dataPageNum = 3;
+    m_me = QStringLiteral("mine");
+    EXPECT_EQ(Told("PAGENUMBER"), "Integer 3");
+    EXPECT_EQ(Told("pageCount"), "Integer 6");
+    EXPECT_EQ(Told("ME"), "String mine");
+    EXPECT_EQ(Told("me"), "String mine");
+}
+
+TEST_F(EvaluatorTest, OtherWordsAreEmpty) {
+    EXPECT_EQ(Told(""), "Empty");
+    EXPECT_EQ(Told("TODAY"), "Empty");
+    EXPECT_EQ(Told("M\xC4\x93"), "Empty");
+    EXPECT_EQ(Told(" 2"), "Empty");
+    EXPECT_EQ(Told("A KEYWORD LONGER THAN ANY NAME"), "Empty");
+}
+
+TEST_F(EvaluatorTest, FunctionNamesIgnoreCase) {
+    EXPECT_EQ(Told("ADD(1,2)"), "Double 3");
+    EXPECT_EQ(Told("add(1,2)"), "Double 3");
+}
+
+TEST_F(EvaluatorTest, UnknownFunctionsAreEmptyAndSayNothing) {
+    EXPECT_EQ(Told("FOO(1)"), "Empty");
+    EXPECT_EQ(Told("AFUNCTIONNAMEOFANYLENGTHATALL(1)"), "Empty");
+    EXPECT_EQ(Told("(1)"), "Empty");
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
+TEST_F(EvaluatorTest, BlanksOutsideStringsBelongToNamesAndArguments) {
+    EXPECT_EQ(Told("ADD (1)"), "Empty");
+    EXPECT_EQ(Told("ADD(1, 2)"), "Double 1");
+}
+
+TEST_F(EvaluatorTest, TextBehindACallIsIgnored) {
+    EXPECT_EQ(Told("ADD(1,2)+ADD(3,4)"), "Double 3");
+}
+
+TEST_F(EvaluatorTest, AParenthesisThatDoesNotCloseFails) {
+    EXPECT_EQ(Told("ADD(1,2"), "failure 5");
+    EXPECT_EQ(Told("FOO("), "failure 5");
+}
+
+TEST_F(EvaluatorTest, AParenthesisInAStringSpoilsTheCall) {
+    EXPECT_EQ(Told("CONCATENATE(\"(\",{FIELDS\\A,b})"), "failure 5");
+    EXPECT_EQ(Told("CONCATENATE(\"()\",{FIELDS\\A,b})"), "String ()last");
+}
+
+TEST_F(EvaluatorTest, EveryNamedFunctionIsFound) {
+    for (const QString& name : FunctionNames())
+        EXPECT_NE(FindFunction(name), nullptr) << name.toStdString();
+    EXPECT_EQ(FunctionNames().size(), 43);
+    EXPECT_EQ(FindFunction(u"ADDS"), nullptr);
+    EXPECT_EQ(FindFunction(u""), nullptr);
+    EXPECT_EQ(FindFunction(u"ME"), nullptr);
+}
+
+TEST_F(EvaluatorTest, EveryKeywordHasAValue) {
+    m_me = true;
+    for (const QString& name : KeywordNames())
+        EXPECT_NE(Told(name), "Empty") << name.toStdString();
+}
+
+TEST_F(EvaluatorTest, AReferenceReadsTheLastPageOfTheDesign) {
+    EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fifth");
+    EXPECT_EQ(Told("{fields\\A,b}"), "String last");
+}
+
+TEST_F(EvaluatorTest, AReferencePrefersMePageWhenItHasTheDesign) {
+    m_mePage = 4;
+    EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fourth");
+    m_mePage = 2;
+    EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fifth");
+    EXPECT_EQ(Told("{FIELDS\\A,b}"), "String x");
+}
+
+TEST_F(EvaluatorTest, AMePageThatIsNoPageIsNoPreference) {
+    for (const std::int16_t page : {-1, 7, 32767}) {
+        m_mePage = page;
+        EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fifth");
+    }
+}
+
+TEST_F(EvaluatorTest, AnEmptyFieldIsAStringAndAMissingOneEmpty) {
+    m_mePage = 1;
+    EXPECT_EQ(Told("{FIELDS\\Cover,Blank}"), "String ");
+    EXPECT_EQ(Told("{FIELDS\\Cover,Missing}"), "Empty");
+    EXPECT_EQ(Told("ADD({FIELDS\\Cover,Blank},{FIELDS\\Cover,Missing})"), "Double 0");
+    EXPECT_EQ(Told("CONCATENATE({FIELDS\\Cover,Blank},{FIELDS\\Cover,Missing})"), "String ");
+}
+
+TEST_F(EvaluatorTest, DesignsAndFieldsAreComparedWithCase) {
+    EXPECT_EQ(Told("{FIELDS\\cover,Name}"), "Empty");
+    EXPECT_EQ(Told("{FIELDS\\Cover,name}"), "Empty");
+}
+
+TEST_F(EvaluatorTest, ADesignWithoutPagesOrOfNoNameIsEmpty) {
+    EXPECT_EQ(Told("{FIELDS\\Unused,Name}"), "Empty");
+    EXPECT_EQ(Told("{FIELDS\\Nowhere,Name}"), "Empty");
+}
+
+TEST_F(EvaluatorTest, TheFirstItemOfANameCountsWithAllBehindItsFirstEqualsSign) {
+    EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fifth");
+    EXPECT_EQ(Told("{FIELDS\\Cover,eq}"), "String a=b");
+}
+
+TEST_F(EvaluatorTest, ThePageHeaderIsAnItem) {
+    EXPECT_EQ(Told("{FIELDS\\A,BEGIN PAGE 6 DESIGN}"), "String 2");
+}
+
+TEST_F(EvaluatorTest, AnItemWithoutEqualsSignHasTheEmptyName) {
+    EXPECT_EQ(Told("{FIELDS\\A,\"\"}"), "String ");
+    EXPECT_EQ(Told("{FIELDS\\A}"), "String ");
+}
+
+TEST_F(EvaluatorTest, AQuotedFieldNameMayHoldACommaAndANumericOneIsNormalised) {
+    m_mePage = 2;
+    EXPECT_EQ(Told("{FIELDS\\A,\"x,y\"}"), "String comma");
+    EXPECT_EQ(Told("{FIELDS\\A,007}"), "String seven");
+}
+
+TEST_F(EvaluatorTest, AReferenceNeedsABackslash) {
+    EXPECT_EQ(Told("{FIELDS}"), "failure 5");
+    EXPECT_EQ(Told("{12,x}"), "failure 5");
+    EXPECT_EQ(Told("{}"), "failure 5");
+    EXPECT_EQ(Told("{"), "failure 5");
+}
+
+TEST_F(EvaluatorTest, OtherGroupsAreEmpty) {
+    EXPECT_EQ(Told("{BOOLEAN\\a,b}"), "Empty");
+    EXPECT_EQ(Told("{DATE\\a,b}"), "Empty");
+    EXPECT_EQ(Told("{\\a,b}"), "Empty");
+}
+
+TEST_F(EvaluatorTest, TheLastCharacterOfAReferenceIsDroppedUnseen) {
+    EXPECT_EQ(Told("{FIELDS\\A,b)"), "String last");
+}
+
+class TableReferenceTest : public FormulaTest {
+  protected:
+    TableReferenceTest() {
+        Write(QStringLiteral("orders.inf"),
+              "[Due]\r\nDataType=DATE\r\n[Paid]\r\nDataType=BOOLEAN\r\n"
+              "[Open]\r\nDataType=BOOLEAN\r\n[Sum]\r\nDataType=NUMBER\r\n");
+        const QString path =
+            Write(QStringLiteral("orders.csv"),
+                  "Name,Due,Paid,Open,Sum\r\nAda,19991231,-1,0,1.50\r\nBob,20000101,0,-1,2\r\n");
+        m_table.SetFileName(path);
+        m_words = {QStringLiteral("Wahr"), QStringLiteral("Falsch")};
+    }
+    CsvTable m_table;
+};
+
+TEST_F(TableReferenceTest, DriversReadTheCurrentRecord) {
+    m_driver = &m_table;
+    EXPECT_EQ(Told("{DRIVERS\\whatever,Name}"), "String Ada");
+    m_table.MoveNext();
+    EXPECT_EQ(Told("{drivers\\,Name}"), "String Bob");
+}
+
+TEST_F(TableReferenceTest, DatesAppearUnderTheMaskAndBooleansAsTheDocumentsWords) {
+    m_driver = &m_table;
+    EXPECT_EQ(Told("{DRIVERS\\x,Due}"), "String 31/12/1999");
+    EXPECT_EQ(Told("{DRIVERS\\x,Paid}"), "String Wahr");
+    EXPECT_EQ(Told("{DRIVERS\\x,Open}"), "String Falsch");
+    EXPECT_EQ(Told("{DRIVERS\\x,Sum}"), "String 1.50");
+}
+
+TEST_F(TableReferenceTest, AMissingColumnOrDriverIsEmpty) {
+    EXPECT_EQ(Told("{DRIVERS\\x,Name}"), "Empty");
+    CsvTable fresh;
+    m_driver = &fresh;
+    EXPECT_EQ(Told("{DRIVERS\\x,Name}"), "Empty");
+    m_driver = &m_table;
+    EXPECT_EQ(Told("{DRIVERS\\x,Nothing}"), "Empty");
+}
+
+TEST_F(TableReferenceTest, ListsReadTheSelectedRowOfTheAttachedList) {
+    EXPECT_EQ(Told("{LISTS\\x,Name}"), "Empty");
+    m_list = &m_table;
+    m_table.SetPosition(2);
+    EXPECT_EQ(Told("{LISTS\\x,Name}"), "String Bob");
+    EXPECT_EQ(Told("{LISTS\\x,Due}"), "String 01/01/2000");
+    EXPECT_EQ(Told("{LISTS\\x,Nothing}"), "Empty");
+}
+
+class StatementsTest : public FormulaTest {
+  protected:
+    StatementsTest() { m_me = QStringLiteral("before"); }
+};
+
+TEST_F(StatementsTest, AFormulaWithoutSetmeLeavesTheField) {
+    EXPECT_EQ(Run("ADD(1,2)"), "String before");
+    EXPECT_EQ(Run(""), "String before");
+    EXPECT_EQ(Run(";"), "String before");
+}
+
+TEST_F(StatementsTest, AnEmptyRemainderIsNotEvaluated) {
+    EXPECT_EQ(Run("SETME(1);"), "Double 1");
+}
+
+TEST_F(StatementsTest, LaterStatementsReadWhatEarlierOnesWrote) {
+    EXPECT_EQ(Run("IF(\"True\",SETME(1),SETME(2));SETME(ADD(ME,1))"), "Double 2");
+}
+
+TEST_F(StatementsTest, SemicolonsInQuotesAndParenthesesDoNotSeparate) {
+    EXPECT_EQ(Run("SETME(CONCATENATE(\"a;b\",\";\"))"), "String a;b;");
+}
+
+TEST_F(StatementsTest, TheFirstCharacterOfALaterStatementIsNotScanned) {
+    EXPECT_EQ(Run(";(;SETME(1)"), "Double 1") << "the depth stays 0";
+    EXPECT_EQ(Run("SETME(1);;SETME(2)"), "Double 1") << "the second separator goes unseen";
+    EXPECT_EQ(Run("1;\"a;SETME(3);\""), "Double 3") << "the quote goes unseen";
+}
+
+TEST_F(StatementsTest, AFailureEndsTheFormula) {
+    EXPECT_EQ(FailureOf([&] { Run("SETME(1);SETME(IF(\"x\",1,2));SETME(9)"); }), 13);
+    EXPECT_EQ(Told(m_me), QStringLiteral("Double 1"));
+}
+
+class HostileFormulaTest : public FormulaTest {};
+
+TEST_F(HostileFormulaTest, AnExpressionBeyondSixteenBitsOverflows) {
+    EXPECT_EQ(Told(QString(32'767, u'x')), "Empty");
+    EXPECT_EQ(Told(QString(32'768, u'x')), "failure 6");
+    EXPECT_EQ(Told(QString(32'768, u'1')), "failure 6");
+    EXPECT_EQ(Told(QString(100'000, u'(')), "failure 6");
+}
+
+TEST_F(HostileFormulaTest, ANumberBeyondADoubleIsNoCrash) {
+    EXPECT_NE(Told(QString(400, u'9')), "Double inf");
+    EXPECT_EQ(Told("MULTIPLY(\"1E300\",\"1E300\")"), "failure 6");
+}
+
+TEST_F(HostileFormulaTest, NestingHasALimit) {
+    const auto nested = [](int depth) {
+        return QStringLiteral("ADD(1,").repeated(depth) + u'1' + QString(depth, u')');
+    };
+    EXPECT_EQ(Told(nested(300)), "Double 301");
+    EXPECT_EQ(Told(nested(4000)), "failure 28");
+    EXPECT_EQ(Told(QStringLiteral("AND(").repeated(6000) + QString(6000, u')')), "failure 28");
+}
+
+TEST_F(HostileFormulaTest, AFailureLeavesNoDepthBehind) {
+    EvaluationContext context = Context();
+    Evaluator evaluator(context);
+    for (int round = 0; round < 1000; ++round)
+        EXPECT_EQ(FailureOf([&] { (void)evaluator.Evaluate(QStringView(u"ADD(1,ADD(2,\"))")); }), 5);
+    EXPECT_EQ(evaluator.Evaluate(QStringView(u"ADD(1,2)")), Value(3.0));
+}
+
+TEST_F(HostileFormulaTest, FunctionsThatEvaluateTwiceNestWithoutDoublingTheWork) {
+    for (const char* name : {"MAXIMUM(", "MINIMUM(", "EQUAL(", "INTERPRET("}) {
+        const QString nested = QString::fromLatin1(name).repeated(300) + u'1' + QString(300, u')');
+        EXPECT_EQ(FailureOf([&] { (void)Told(nested); }), std::nullopt);
+        EXPECT_NE(Told(nested), "failure 28") << name;
+    }
+}
+
+TEST_F(HostileFormulaTest, WorkThatWouldNotEndIsCutShort) {
+    const QString nested = QStringLiteral("MAXIMUM(").repeated(100) +
+                           QStringLiteral("CONCATENATE(SETME(1),5)") + QString(100, u')');
+    EXPECT_EQ(Told(nested), "failure 28");
+    EXPECT_EQ(Told(QStringLiteral("AND(%1,1)").arg(nested)), "failure 28") << "no function hides it";
+}
+
+TEST_F(HostileFormulaTest, ATextThatDoublesItselfEnds) {
+    const QByteArray formula = "SETME(\"x\");" + QByteArray("SETME(CONCATENATE(ME,ME));").repeated(60);
+    EXPECT_EQ(FailureOf([&] { Run(formula.constData()); }), 7);
+}
+
+TEST_F(HostileFormulaTest, ListsOfAnyLengthAreWalkedOnce) {
+    QString list = QStringLiteral("ADD(0");
+    for (int item = 0; item < 16'000; ++item)
+        list += QStringLiteral(",1");
+    EXPECT_EQ(Told(list + u')'), "Double 16000");
+}
+
+TEST_F(HostileFormulaTest, AThousandStatementsShareNoDepth) {
+    const QByteArray formula = QByteArray("SETME(ADD(ME,1));").repeated(5000);
+    EXPECT_EQ(Run(formula.constData()), "Double 5000");
+}
+
+}  // namespace
+}  // namespace sheetwright

@@ -1,0 +1,42 @@
+"""Readings as the appliance tester delivered them, in the order in which the operator tested."""
+
+# Test date, operator, location, asset, description, class, visual (1 in order, 3 defect), earth continuity in ohms,
+# insulation in megohms, leakage in milliamperes.
+_SCIENCE = ("20260310", "J. Penhallick", "Science block")
+_WORKSHOP = ("20260312", "D. Vosper", "Workshop")
+ROWS = (
+    (*_WORKSHOP, "W-0201", "Pillar drill", "I", 1, "0.08", ">200", "0.21"),
+    (*_WORKSHOP, "W-0202", "Pillar drill", "I", 1, "0.11", "184.0", "0.24"),
+    (*_WORKSHOP, "W-0203", "Bench grinder", "I", 1, "0.09", ">200", "0.18"),
+    (*_WORKSHOP, "W-0204", "Band saw, bench", "I", 1, "0.14", "96.5", "0.33"),
+    (*_WORKSHOP, "W-0207", "Glue gun", "II", 1, "", ">200", "0.02"),
+    (*_WORKSHOP, "W-0208", "Glue gun", "II", 3, "", ">200", "0.03"),
+    (*_WORKSHOP, "W-0209", "Heat gun", "II", 1, "", "1.62", "0.04"),
+    (*_WORKSHOP, "W-0211", "Extension lead, 4 way", "I", 1, "0.47", ">200", "0.05"),
+    (*_WORKSHOP, "W-0212", "Extension lead, 4 way", "I", 1, "0.19", ">200", "0.05"),
+    (*_WORKSHOP, "W-0213", "Soldering station", "I", 1, "0.10", ">200", "0.12"),
+    (*_WORKSHOP, "W-0214", "Vacuum cleaner", "II", 1, "", ">200", "0.06"),
+    (*_SCIENCE, "S-0101", "Power supply, bench", "I", 1, "0.06", ">200", "0.31"),
+    (*_SCIENCE, "S-0102", "Power supply, bench", "I", 1, "0.06", ">200", "0.29"),
+    (*_SCIENCE, "S-0103", "Power supply, bench", "I", 1, "0.07", ">200", "0.30"),
+    (*_SCIENCE, "S-0104", "Oscilloscope", "I", 1, "0.05", ">200", "0.42"),
+    (*_SCIENCE, "S-0105", "Oscilloscope", "I", 1, "<0.05", ">200", "0.40"),
+    (*_SCIENCE, "S-0106", "Hot plate, laboratory", "I", 1, "0.12", "38.2", "0.55"),
+    (*_SCIENCE, "S-0107", "Hot plate, laboratory", "I", 1, "0.13", "0.62", "0.68"),
+    (*_SCIENCE, "S-0108", "Hot plate, laboratory", "I", 1, "0.10", "41.7", "0.51"),
+    (*_SCIENCE, "S-0109", "Water bath", "I", 1, "0.09", "112.0", "0.47"),
+    (*_SCIENCE, "S-0110", "Centrifuge", "I", 1, "0.08", ">200", "0.38"),
+    (*_SCIENCE, "S-0111", "Microscope lamp", "II", 1, "", ">200", "0.01"),
+    (*_SCIENCE, "S-0112", "Microscope lamp", "II", 1, "", ">200", "0.01"),
+    (*_SCIENCE, "S-0113", "Microscope lamp", "II", 1, "", ">200", "0.02"),
+    (*_SCIENCE, "S-0114", "Microscope lamp", "II", 1, "", ">200", "0.01"),
+    (*_SCIENCE, "S-0115", "Fume cupboard fan", "I", 1, "0.16", "88.4", "0.27"),
+    (*_SCIENCE, "S-0116", "Refrigerator", "I", 1, "0.18", "154.0", ""),
+    (*_SCIENCE, "S-0117", "Projector", "I", 1, "0.07", ">200", "0.44"),
+    (*_SCIENCE, "S-0118", "Monitor, 24 inch", "I", 1, "0.05", ">200", "0.36"),
+    (*_SCIENCE, "S-0119", "Monitor, 24 inch", "I", 1, "0.05", ">200", "0.35"),
+    (*_SCIENCE, "S-0120", "Charger, laptop", "II", 1, "", ">200", "0.03"),
+    (*_SCIENCE, "S-0121", "Charger, laptop", "II", 1, "", ">200", "0.03"),
+    (*_SCIENCE, "S-0122", "Desk lamp", "II", 1, "", ">200", "0.01"),
+    (*_SCIENCE, "S-0123", "Kettle", "I", 1, "0.09", ">200", "0.22"),
+)
