@@ -1,3 +1,26 @@
-# Installed: the executables with their data files in one folder, links to them in bin.
+# Installed: the executables with their data files in one folder, links to them in bin, the manual pages.
 include(GNUInstallDirs)
-set(SHEETWRIGHT_INSTALL_DIR ${CMAKE_INSTALL_LIBDIR}/sheetwright)
+set(SHEETWRIGHT_INSTALL_DIR lib/sheetwright CACHE STRING "Folder of the executables and their data, below the prefix")
+
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/ DESTINATION ${SHEETWRIGHT_INSTALL_DIR}
+        PATTERN CMakeLists.txt EXCLUDE
+        PATTERN ".*" EXCLUDE)
+
+get_property(programs DIRECTORY ${PROJECT_SOURCE_DIR}/src/apps PROPERTY BUILDSYSTEM_TARGETS)
+foreach(program IN LISTS programs)
+    get_target_property(type ${program} TYPE)
+    if(NOT type STREQUAL EXECUTABLE)
+        continue()
+    endif()
+    install(TARGETS ${program} RUNTIME DESTINATION ${SHEETWRIGHT_INSTALL_DIR})
+    # Relative, so that the tree can be staged or moved.
+    file(RELATIVE_PATH target /${CMAKE_INSTALL_BINDIR} /${SHEETWRIGHT_INSTALL_DIR}/${program})
+    install(CODE "
+        set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+        file(MAKE_DIRECTORY \"\${folder}\")
+        file(CREATE_LINK \"${target}\" \"\${folder}/${program}\" SYMBOLIC)
+        message(STATUS \"Installing: \${folder}/${program}\")")
+endforeach()
+
+file(GLOB manual_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/man/*.1)
+install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -11,7 +11,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <optional>
 
 namespace sheetwright {
 
@@ -42,28 +41,22 @@ std::optional<struct stat> StatusOf(const QString& path) {
 int CreationFailure(int error) {
     const int number = FailureNumberOfErrno(error);
     if (number == failure::kFileNotFound) return failure::kPathNotFound;
-    return number == failure::kPermissionDenied ? failure::kPathAccess : number;
+    const bool isRefused = number == failure::kPermissionDenied || number == failure::kFileExists;
+    return isRefused ? failure::kPathAccess : number;
 }
 
 }  // namespace
 
-AtomicFile::AtomicFile(const QString& target, const QString& suffix)
-    : m_target(BehindLinks(OnDisk(target))), m_beside(m_target + suffix) {
-    const std::optional<struct stat> old = StatusOf(m_target);
-    if (old && !S_ISREG(old->st_mode)) throw Failure(failure::kPathAccess);
-    const QByteArray beside = QFile::encodeName(m_beside);
-    ::unlink(beside.constData());
-    m_handle = ::open(beside.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (m_handle < 0) throw Failure(errno == EEXIST ? failure::kPathAccess : CreationFailure(errno));
+NewFile::NewFile(const QString& path)
+    : m_handle(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
+    if (m_handle < 0) throw Failure(CreationFailure(errno));
 }
 
-AtomicFile::~AtomicFile() {
-    if (m_handle < 0) return;
+NewFile::~NewFile() {
     ::close(m_handle);
-    ::unlink(QFile::encodeName(m_beside).constData());
 }
 
-int AtomicFile::TryWrite(QByteArrayView bytes) const {
+int NewFile::TryWrite(QByteArrayView bytes) const {
     while (!bytes.isEmpty()) {
         const ssize_t written = ::write(m_handle, bytes.data(), static_cast<std::size_t>(bytes.size()));
         if (written < 0 && errno == EINTR) continue;
@@ -73,24 +66,35 @@ int AtomicFile::TryWrite(QByteArrayView bytes) const {
     return 0;
 }
 
-void AtomicFile::Write(QByteArrayView bytes) const {
+void NewFile::Write(QByteArrayView bytes) const {
     if (const int error = TryWrite(bytes); error != 0) throw Failure(FailureNumberOfErrno(error));
 }
 
-void AtomicFile::Flush() const {
+void NewFile::Flush() const {
     if (::fsync(m_handle) != 0 && errno != EINVAL) throw Failure(FailureNumberOfErrno(errno));
+}
+
+AtomicFile::AtomicFile(const QString& target, const QString& suffix)
+    : m_target(BehindLinks(OnDisk(target))), m_beside(m_target + suffix) {
+    const std::optional<struct stat> old = StatusOf(m_target);
+    if (old && !S_ISREG(old->st_mode)) throw Failure(failure::kPathAccess);
+    ::unlink(QFile::encodeName(m_beside).constData());
+    m_file.emplace(m_beside);
+}
+
+AtomicFile::~AtomicFile() {
+    if (!m_isInPlace) ::unlink(QFile::encodeName(m_beside).constData());
 }
 
 void AtomicFile::Replace() {
     if (const std::optional<struct stat> old = StatusOf(m_target)) {
         if (!(old->st_mode & S_IWUSR)) throw Failure(failure::kPathAccess);
         // Only an administrator may give files away; for everybody else the new file is their own.
-        if (::fchown(m_handle, old->st_uid, old->st_gid) != 0) errno = 0;
-        if (::fchmod(m_handle, old->st_mode & 07777) != 0) throw Failure(FailureNumberOfErrno(errno));
+        if (::fchown(m_file->Handle(), old->st_uid, old->st_gid) != 0) errno = 0;
+        if (::fchmod(m_file->Handle(), old->st_mode & 07777) != 0) throw Failure(FailureNumberOfErrno(errno));
     }
     ReplaceFile(m_beside, m_target);
-    ::close(m_handle);
-    m_handle = -1;
+    m_isInPlace = true;
 }
 
 }  // namespace sheetwright

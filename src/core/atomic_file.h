@@ -7,7 +7,32 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
+
 namespace sheetwright {
+
+// A file that is created here and was not there before; closed on destruction.
+class NewFile {
+  public:
+    // Raises 75 (something of that name is there, or no access), 76 (no such folder), 61 or 57.
+    explicit NewFile(const QString& path);
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile();
+
+    [[nodiscard]] int Handle() const { return m_handle; }
+
+    // Writes at the handle's position. Returns 0 or the system's error number: libraries that write through a
+    // callback can't have a failure travel through them.
+    [[nodiscard]] int TryWrite(QByteArrayView bytes) const;
+
+    // Raise 61, 57 or another number of `FailureNumberOfErrno`.
+    void Write(QByteArrayView bytes) const;
+    void Flush() const;
+
+  private:
+    int m_handle;
+};
 
 class AtomicFile {
   public:
@@ -20,15 +45,7 @@ class AtomicFile {
     ~AtomicFile();
 
     [[nodiscard]] const QString& BesidePath() const { return m_beside; }
-    [[nodiscard]] int Handle() const { return m_handle; }
-
-    // Writes at the handle's position. Returns 0 or the system's error number: libraries that write through a
-    // callback can't have a failure travel through them.
-    [[nodiscard]] int TryWrite(QByteArrayView bytes) const;
-
-    // Raise 61, 57 or another number of `FailureNumberOfErrno`.
-    void Write(QByteArrayView bytes) const;
-    void Flush() const;
+    [[nodiscard]] const NewFile& Beside() const { return *m_file; }
 
     // Gives the file the owner and permissions of the old one and renames it over that, in one step. Raises
     // 75 when the old file is read-only, otherwise what the rename raises.
@@ -37,7 +54,8 @@ class AtomicFile {
   private:
     QString m_target;
     QString m_beside;
-    int m_handle = -1;
+    std::optional<NewFile> m_file;
+    bool m_isInPlace = false;
 };
 
 }  // namespace sheetwright

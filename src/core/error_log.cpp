@@ -59,7 +59,7 @@ bool IsPlainLog(QFile& file) {
 
 // Adds the row without reading the rows before it: a form with a hundred thousand broken lines writes as
 // many. False when the log is new, or other hands have been at it, or its encoding matters.
-bool IsAppended(const QString& path, const LogRow& row) {
+bool TryAppend(const QString& path, const LogRow& row) {
     const QString line = LineOf(row);
     QFile file(OnDisk(path));
     const auto mode =
@@ -88,7 +88,7 @@ void AddThroughTable(const QString& path, const LogRow& row) {
 void LogError(const Application& application, const QString& sub, const QString& additional, int number) {
     const QString path = application.WritableFolder + QStringLiteral("errors.csv");
     const LogRow row = RowOf(application, sub, additional, number);
-    if (!IsAppended(path, row)) AddThroughTable(path, row);
+    if (!TryAppend(path, row)) AddThroughTable(path, row);
 }
 
 }  // namespace sheetwright

@@ -112,8 +112,8 @@ QByteArray ReadWholeFile(const QString& stored) {
 
 void WriteFileAtomically(const QString& stored, QByteArrayView bytes) {
     AtomicFile file(stored, QStringLiteral(".new"));
-    file.Write(bytes);
-    file.Flush();
+    file.Beside().Write(bytes);
+    file.Beside().Flush();
     file.Replace();
 }
 

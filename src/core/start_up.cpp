@@ -3,29 +3,14 @@
 #include "core/application.h"
 #include "core/folders.h"
 #include "core/paths.h"
-#include "core/pause.h"
-
-#include <QCryptographicHash>
-#include <QDir>
-#include <QFile>
-#include <QLockFile>
-#include <QProcess>
-
-#include <signal.h>
-
-#include <algorithm>
-#include <array>
+#include "core/update_runner.h"
 
 namespace sheetwright {
 
 namespace {
 
-constexpr int kRunnerSeconds = 60;
 constexpr int kPollMilliseconds = 1000;
 constexpr int kShortestFileName = 5;
-
-// A claimed lock is stale only when its process is gone, however old it is.
-constexpr int kNeverStaleByAge = 0;
 
 void PublishInstallLocation(Application& application) {
     const auto publish = [&application](const QString& section, const QString& name) {
@@ -107,39 +92,6 @@ void RunCommandLine(Application& application, StartUpActions& actions, const QSt
         RunToken(actions, token);
 }
 
-QString RunnerPath(const Application& application) {
-    for (const QString& name : {QStringLiteral("RunOnce.exe"), QStringLiteral("RunOnce")})
-        if (FileExists(application.InstallFolder + name)) return OnDisk(application.InstallFolder + name);
-    return QString();
-}
-
-// A process that has ended and whose parent has not asked for its result yet counts as ended.
-bool IsProcessRunning(qint64 process) {
-    if (::kill(static_cast<pid_t>(process), 0) != 0) return false;
-    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
-    return !status.open(QIODevice::ReadOnly) || !status.readAll().contains(") Z ");
-}
-
-QString ClaimPath(const QString& program) {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const QString& part : {program, qEnvironmentVariable("SHEETWRIGHT_CHANNEL"), QDir::homePath()}) {
-        hash.addData(part.toUtf8());
-        hash.addData(QByteArrayView("\0", 1));
-    }
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString folder = !runtime.isEmpty() && QDir(runtime).exists() ? runtime : QDir::tempPath();
-    return folder + QStringLiteral("/sheetwright-") + QString::fromLatin1(hash.result().toHex().first(32)) +
-           QStringLiteral(".lock");
-}
-
-// A lock whose holder crashed before it had written its name.
-bool IsNobodysLock(const QLockFile& lock) {
-    qint64 process = 0;
-    QString host;
-    QString program;
-    return lock.error() == QLockFile::LockFailedError && !lock.getLockInfo(&process, &host, &program);
-}
-
 }  // namespace
 
 bool Main(Application& application, StartUpActions& actions, const QString& commandLine) {
@@ -184,37 +136,6 @@ QString CommandLineOf(const QStringList& arguments) {
         tokens << (needsQuotes ? u'"' + token + u'"' : token);
     }
     return tokens.join(u' ');
-}
-
-void RunUpdateRunner(Application& application) {
-    RunUpdateRunner(application, [&application] { Pause(1, application.ui); });
-}
-
-void RunUpdateRunner(Application& application, const std::function<void()>& waitOneSecond) {
-    const QString runner = RunnerPath(application);
-    qint64 process = 0;
-    if (runner.isEmpty() || !QProcess::startDetached(runner, {}, application.InstallFolder, &process)) return;
-    WaitForRunner([process] { return IsProcessRunning(process); }, waitOneSecond);
-}
-
-void WaitForRunner(const std::function<bool()>& isRunning, const std::function<void()>& waitOneSecond) {
-    for (int seconds = 0; seconds < kRunnerSeconds; ++seconds) {
-        waitOneSecond();
-        if (!isRunning()) return;
-    }
-}
-
-InstanceClaim::InstanceClaim() = default;
-InstanceClaim::~InstanceClaim() = default;
-
-bool InstanceClaim::Take(const QString& program) {
-    m_lock = std::make_unique<QLockFile>(ClaimPath(program));
-    m_lock->setStaleLockTime(kNeverStaleByAge);
-    if (!m_lock->tryLock() && IsNobodysLock(*m_lock)) {
-        m_lock->removeStaleLockFile();
-        m_lock->tryLock();
-    }
-    return m_lock->isLocked() || m_lock->error() != QLockFile::LockFailedError;
 }
 
 }  // namespace sheetwright

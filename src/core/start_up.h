@@ -6,11 +6,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-#include <memory>
-
-class QLockFile;
-
 namespace sheetwright {
 
 class Application;
@@ -52,32 +47,5 @@ bool Main(Application& application, StartUpActions& actions, const QString& comm
 // A command line from which `CommandLineTokens` gives back `arguments`, without the double quotes in them:
 // the command line has no means to say one.
 [[nodiscard]] QString CommandLineOf(const QStringList& arguments);
-
-// Starts the update runner "RunOnce.exe" or "RunOnce" of the install folder, if there is one, and waits until
-// it has ended, 60 seconds at most, pumping messages. Failures are not reported. `waitOneSecond` does each
-// wait.
-void RunUpdateRunner(Application& application);
-void RunUpdateRunner(Application& application, const std::function<void()>& waitOneSecond);
-
-// Waits for one second, then asks once a second whether the runner still runs, until it doesn't or 60 seconds
-// have passed.
-void WaitForRunner(const std::function<bool()>& isRunning, const std::function<void()>& waitOneSecond);
-
-// A claim on being the only instance of a program for this user on the channel that the environment variable
-// SHEETWRIGHT_CHANNEL names. It ends with the object or the process, however that ends.
-class InstanceClaim {
-  public:
-    InstanceClaim();
-    InstanceClaim(const InstanceClaim&) = delete;
-    InstanceClaim& operator=(const InstanceClaim&) = delete;
-    ~InstanceClaim();
-
-    // False when another process, or another claim of this one, holds the claim for `program`. Where no claim
-    // can be written down at all, everybody gets it.
-    [[nodiscard]] bool Take(const QString& program);
-
-  private:
-    std::unique_ptr<QLockFile> m_lock;
-};
 
 }  // namespace sheetwright

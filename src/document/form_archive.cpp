@@ -14,7 +14,6 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <cerrno>
 
 namespace sheetwright {
 
@@ -34,17 +33,6 @@ void Report(Application& application, const QString& sub, const QString& path, Q
         u'?');
     const QString additional = member.isEmpty() ? path : path + u' ' + member;
     Ignoring([&] { LogError(application, sub, additional, number); });
-}
-
-void WriteTo(QFile& file, QByteArrayView bytes) {
-    if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        throw Failure(file.error() == QFileDevice::ResourceError ? failure::kDiskFull
-                                                                 : failure::kDeviceError);
-}
-
-void CreateFile(QFile& file) {
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw Failure(failure::kPathAccess);
 }
 
 // A folder inside the destination where files lie until all of them are whole. It vanishes with what it
@@ -94,16 +82,16 @@ void CopyPlainText(const QString& path, const QString& destination) {
     const Staging staging(destination);
     const QString name = GetFileName(path);
     QFile source(OnDisk(path));
-    QFile copy(staging.PathOf(name));
     OpenForReading(source);
-    CreateFile(copy);
+    const NewFile copy(staging.PathOf(name));
+    qint64 bytes = 0;
     while (!source.atEnd()) {
         const QByteArray piece = source.read(kPiece);
         if (piece.isEmpty()) throw Failure(failure::kDeviceError);
-        WriteTo(copy, piece);
-        if (copy.size() > archive_limits::kMemberBytes) throw Failure(failure::kOverflow);
+        bytes += piece.size();
+        if (bytes > archive_limits::kMemberBytes) throw Failure(failure::kOverflow);
+        copy.Write(piece);
     }
-    copy.close();
     staging.Deliver({name});
 }
 
@@ -137,15 +125,10 @@ void UnpackArchive(const QString& path, const QString& destination, QString& cur
     const QString file = OnDisk(path);
     const ZipReader archive(file, archive_limits::kMembers);
     const Staging staging(destination);
-    QFile output;
-    const auto begin = [&](const ZipMember& member) {
-        output.close();
-        output.setFileName(staging.PathOf(member.name));
-        CreateFile(output);
-    };
+    std::optional<NewFile> output;
+    const auto begin = [&](const ZipMember& member) { output.emplace(staging.PathOf(member.name)); };
     ReadMembers(archive, QFileInfo(file).size(), current, begin,
-                [&](QByteArrayView piece) { WriteTo(output, piece); });
-    output.close();
+                [&](QByteArrayView piece) { output->Write(piece); });
     const QStringList names = NamesOf(archive);
     staging.Deliver(names);
     const auto text = std::find_if(names.begin(), names.end(), IsTextMemberName);
@@ -198,11 +181,11 @@ qint64 BytesOf(const std::vector<FileToPack>& files) {
 void StoreForm(const QString& path, const QString& source, QString& current) {
     const std::vector<FileToPack> files = FilesOf(source);
     AtomicFile output(path, QStringLiteral(" 2"));
-    WriteZip(output, files, Packing::Deflated);
+    WriteZip(output.Beside(), files, Packing::Deflated);
     // What packs this well would be refused on reading: a large picture of one colour, for instance.
     if (IsTooDense(BytesOf(files), QFileInfo(output.BesidePath()).size()))
-        WriteZip(output, files, Packing::Stored);
-    output.Flush();
+        WriteZip(output.Beside(), files, Packing::Stored);
+    output.Beside().Flush();
     Verify(output.BesidePath(), files, current);
     output.Replace();
 }

@@ -165,7 +165,8 @@ class DataCheck {
             m_number = 0;
             return;
         }
-        const bool isInOrder = number == ++m_pages;
+        const bool isInOrder = number == m_last + 1;
+        m_last = number;
         m_number = number;
         if (!isInOrder) ReportOn(QStringLiteral("page"), QStringLiteral("pages are not numbered in order"));
         UseDesign(design);
@@ -210,7 +211,7 @@ class DataCheck {
 
     const FormOutline& m_outline;
     const FindingReport& m_report;
-    int m_pages = 0;
+    int m_last = 0;    // number of the page before
     int m_number = 0;  // of the page in hand; 0 before the first
     int m_design = 0;
     const CaseInsensitiveSet* m_elements = nullptr;  // none when the page's design is not there

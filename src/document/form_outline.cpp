@@ -50,6 +50,10 @@ class Outliner {
             {m_page == nullptr ? QStringLiteral("form") : QString::number(m_page->number), element, text});
     }
 
+    [[nodiscard]] QString ElementInHand() const {
+        return m_isInRecord ? m_page->records.back().Label() : QStringLiteral("page");
+    }
+
     void BeginPage(QStringView line) {
         if (m_page != nullptr) CloseRecordLeftOpen();
         Finish();
@@ -109,13 +113,12 @@ class Outliner {
     }
 
     void TakeKey(QStringView line) {
-        const QString element = m_isInRecord ? m_page->records.back().Label() : QStringLiteral("page");
         if (!line.contains(u'=')) {
-            ReportOn(element, QStringLiteral("line without \"=\": \"%1\"").arg(line));
+            ReportOn(ElementInHand(), QStringLiteral("line without \"=\": \"%1\"").arg(line));
             return;
         }
         const KeyLine key{KeyOf(line), ValueOf(line)};
-        if (key.key == u"Title") TakeTitle(key.value, element);
+        if (key.key == u"Title") TakeTitle(key.value);
         if (m_isInRecord) {
             m_page->records.back().keys.push_back(key);
         } else if (m_page->records.empty()) {
@@ -123,14 +126,14 @@ class Outliner {
         }
     }
 
-    void TakeTitle(QStringView title, const QString& element) {
+    void TakeTitle(QStringView title) {
         if (m_page->hasTitle) {
-            ReportOn(element, QStringLiteral("Title stands twice on the page"));
+            ReportOn(ElementInHand(), QStringLiteral("Title stands twice on the page"));
             return;
         }
         m_page->hasTitle = true;
         m_outline.titles << title.toString();
-        if (m_isInRecord) ReportOn(element, QStringLiteral("the page's Title stands in an element"));
+        if (m_isInRecord) ReportOn(ElementInHand(), QStringLiteral("the page's Title stands in an element"));
     }
 
     FormOutline& m_outline;

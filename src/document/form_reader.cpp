@@ -229,9 +229,8 @@ void ReadSections(frmSheetwright& document, const QString& text, bool isMerge) {
     document.Caption = CaptionOf(document);
 }
 
-// The decoded text of the document's member; none, after the message, when it can't be opened. The bytes are
-// gone before anything else is made of the text.
-std::optional<QString> TextOf(const frmSheetwright& document) {
+// The bytes of the document's text member; none, after the message, when it can't be opened.
+std::optional<QByteArray> BytesOf(const frmSheetwright& document) {
     Application& application = document.application;
     QByteArray bytes;
     if (Ignoring([&] { bytes = ReadWholeFile(document.MyTempDir + GetFileName(document.Tag)); })) {
@@ -239,19 +238,25 @@ std::optional<QString> TextOf(const frmSheetwright& document) {
                                    application.Title, MessageIcon::Critical);
         return std::nullopt;
     }
+    return bytes;
+}
+
+// The bytes are gone before anything else is made of the text.
+QString Decoded(QByteArray bytes) {
     if (bytes.isEmpty()) throw Failure(failure::kInputPastEnd);
     return DecodeFileText(bytes);
 }
 
-void ReadNew(frmSheetwright& document, const QString& text) {
+void ReadNew(frmSheetwright& document, QByteArray bytes) {
     document.PageNum = 0;
+    const QString text = Decoded(std::move(bytes));
     ReadSections(document, text, false);
     document.PageNum = 0;
     document.DataPageNum = 1;
 }
 
 // The document that is merged into holds somebody's work: a template that fails half-way leaves it as it was.
-void Merge(frmSheetwright& document, const QString& text) {
+void Merge(frmSheetwright& document, QByteArray bytes) {
     const MemoryBlock before = document.memory;
     const std::int16_t pageNum = std::exchange(document.PageNum, std::int16_t{0});
     const std::int16_t dataPageNum = document.DataPageNum;
@@ -260,6 +265,7 @@ void Merge(frmSheetwright& document, const QString& text) {
         document.DataPageNum = dataPageNum;
     };
     try {
+        const QString text = Decoded(std::move(bytes));
         ReadSections(document, text, true);
     } catch (...) {
         document.memory = before;
@@ -301,9 +307,9 @@ void ReadFormFile(frmSheetwright& document) {
     application.ui.SetStatus(application.Translate(QStringLiteral("Reading template into memory...")));
     const bool isMerge = document.Pages != 0;
     if (!isMerge) document.memory.PageProps.Clear();
-    const std::optional<QString> text = TextOf(document);
-    if (!text) return;
-    isMerge ? Merge(document, *text) : ReadNew(document, *text);
+    std::optional<QByteArray> bytes = BytesOf(document);
+    if (!bytes) return;
+    isMerge ? Merge(document, std::move(*bytes)) : ReadNew(document, std::move(*bytes));
     document.Pages = document.memory.DataPageCount();
     application.ui.SetStatus(application.Translate(QStringLiteral("Ready")));
 }

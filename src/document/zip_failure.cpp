@@ -25,22 +25,24 @@ constexpr std::array kZipErrorNames{
     ZipErrorName{ZIP_ER_WRONGPASSWD, failure::kPermissionDenied},
 };
 
-// The system speaks of the disk only when it opens and writes files. While an archive is read, a position
-// beyond its end is the archive's own lie.
-bool IsOfTheDisk(const zip_error_t& error) {
-    const int code = error.zip_err;
-    const bool isOpenOrWrite = code == ZIP_ER_OPEN || code == ZIP_ER_WRITE || code == ZIP_ER_TMPOPEN;
-    return isOpenOrWrite || (code == ZIP_ER_READ && error.sys_err == EIO);
-}
-
-}  // namespace
-
-int FailureNumberOfZip(const zip_error_t& error) {
-    if (IsOfTheDisk(error)) return FailureNumberOfErrno(error.sys_err);
+int OwnFailure(const zip_error_t& error) {
     const auto* found =
         std::find_if(kZipErrorNames.begin(), kZipErrorNames.end(),
                      [&error](const ZipErrorName& name) { return name.error == error.zip_err; });
     return found == kZipErrorNames.end() ? failure::kInvalidFormat : found->number;
+}
+
+}  // namespace
+
+int ReadingFailure(const zip_error_t& error) {
+    const bool isOfTheSystem =
+        error.zip_err == ZIP_ER_OPEN || (error.zip_err == ZIP_ER_READ && error.sys_err == EIO);
+    return isOfTheSystem ? FailureNumberOfErrno(error.sys_err) : OwnFailure(error);
+}
+
+int WritingFailure(const zip_error_t& error) {
+    const bool isOfTheSystem = zip_error_system_type(&error) == ZIP_ET_SYS;
+    return isOfTheSystem ? FailureNumberOfErrno(error.sys_err) : OwnFailure(error);
 }
 
 }  // namespace sheetwright

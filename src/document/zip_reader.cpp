@@ -35,7 +35,7 @@ bool IsPlainFile(zip_t* archive, zip_uint64_t index) {
 int OpeningFailure(int code) {
     zip_error_t error{};
     zip_error_init_with_code(&error, code);
-    const int number = FailureNumberOfZip(error);
+    const int number = ReadingFailure(error);
     zip_error_fini(&error);
     return number;
 }
@@ -76,24 +76,20 @@ QString ZipReader::NameOf(std::uint64_t index) const {
     const std::string bytes = raw;
     const char* const guessed = zip_get_name(m_archive.get(), index, ZIP_FL_ENC_GUESS);
     if (guessed == nullptr) throw Failure(failure::kInvalidFormat);
-    if (bytes == guessed) return QString::fromUtf8(guessed);
-    // Each byte of code page 437 becomes one character, also the NUL at which the raw name seems to end, and
-    // control characters become pictures of themselves.
-    const QString name = QString::fromUtf8(guessed);
-    const bool hasControl =
-        std::any_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0 && byte < ' '; });
-    const bool hasNul = name.size() != static_cast<qsizetype>(bytes.size());
-    return hasControl || hasNul ? QString::fromStdString(bytes) + QChar(QChar::Null) : name;
+    // The library turns control characters into the pictures that code page 437 had for them.
+    const auto isControl = [](char byte) { return byte >= 0 && byte < ' '; };
+    const bool hasControl = std::any_of(bytes.begin(), bytes.end(), isControl);
+    return QString::fromStdString(hasControl ? bytes : std::string(guessed));
 }
 
 void ZipReader::Read(const ZipMember& member, const std::function<void(QByteArrayView)>& take) const {
     const OpenMember file(zip_fopen_index(m_archive.get(), member.index, 0));
-    if (!file) throw Failure(FailureNumberOfZip(*zip_get_error(m_archive.get())));
+    if (!file) throw Failure(ReadingFailure(*zip_get_error(m_archive.get())));
     std::vector<char> piece(kPiece);
     std::uint64_t total = 0;
     for (;;) {
         const zip_int64_t count = zip_fread(file.get(), piece.data(), piece.size());
-        if (count < 0) throw Failure(FailureNumberOfZip(*zip_file_get_error(file.get())));
+        if (count < 0) throw Failure(ReadingFailure(*zip_file_get_error(file.get())));
         if (count == 0) break;
         total += static_cast<std::uint64_t>(count);
         take(QByteArrayView(piece.data(), static_cast<qsizetype>(count)));

@@ -17,7 +17,7 @@ namespace sheetwright {
 
 struct ZipMember {
     std::uint64_t index = 0;
-    QString name;            // as in the directory, folders included; a NUL in it is kept
+    QString name;            // as in the directory, folders included; the library makes a NUL in it a blank
     std::uint64_t size = 0;  // unpacked bytes, as the directory claims
     bool isEncrypted = false;
     bool isPlainFile = true;  // false for links, devices and whatever else an archive can describe

@@ -25,7 +25,7 @@ constexpr zip_uint32_t kDeflateLevel = 4;
 // rename that, and could neither be asked what went wrong nor flush anything to the disk.
 class ZipOutput {
   public:
-    explicit ZipOutput(AtomicFile& file) : m_file(file) { zip_error_init(&m_error); }
+    explicit ZipOutput(const NewFile& file) : m_file(file) { zip_error_init(&m_error); }
     ZipOutput(const ZipOutput&) = delete;
     ZipOutput& operator=(const ZipOutput&) = delete;
     ~ZipOutput() { zip_error_fini(&m_error); }
@@ -53,7 +53,7 @@ class ZipOutput {
     zip_int64_t Error(void* data, zip_uint64_t length);
     zip_int64_t Fail(int error);
 
-    AtomicFile& m_file;
+    const NewFile& m_file;
     zip_error_t m_error{};
     int m_systemError = 0;
 };
@@ -149,14 +149,14 @@ NewArchive OpenNew(ZipOutput& output) {
     NewArchive archive(source == nullptr ? nullptr
                                          : zip_open_from_source(source, ZIP_CREATE | ZIP_TRUNCATE, &error));
     if (!archive) zip_source_free(source);
-    const int number = FailureNumberOfZip(error);
+    const int number = WritingFailure(error);
     zip_error_fini(&error);
     if (!archive) throw Failure(number);
     return archive;
 }
 
 [[noreturn]] void RaiseErrorOf(zip_t* archive) {
-    throw Failure(FailureNumberOfZip(*zip_get_error(archive)));
+    throw Failure(WritingFailure(*zip_get_error(archive)));
 }
 
 void AddFile(zip_t* archive, const FileToPack& file, Packing packing) {
@@ -175,7 +175,7 @@ void AddFile(zip_t* archive, const FileToPack& file, Packing packing) {
 
 }  // namespace
 
-void WriteZip(AtomicFile& output, const std::vector<FileToPack>& files, Packing packing) {
+void WriteZip(const NewFile& output, const std::vector<FileToPack>& files, Packing packing) {
     ZipOutput target(output);
     NewArchive archive = OpenNew(target);
     for (const FileToPack& file : files)

@@ -8,7 +8,7 @@
 
 namespace sheetwright {
 
-class AtomicFile;
+class NewFile;
 
 struct FileToPack {
     QString name;  // the member's name
@@ -17,9 +17,9 @@ struct FileToPack {
 
 enum class Packing { Deflated, Stored };
 
-// Writes `output` anew with one member for each file, in order, names in UTF-8. Nothing but `output` is
-// written to. Raises what reading the files and writing the archive raises: 53 for a file that has gone, 61
-// when the disk is full.
-void WriteZip(AtomicFile& output, const std::vector<FileToPack>& files, Packing packing);
+// Makes `output` an archive with one member for each file, in order, names in UTF-8, whatever it held before.
+// Raises what reading the files and writing the archive raises: 53 for a file that has gone, 61 when the disk is
+// full.
+void WriteZip(const NewFile& output, const std::vector<FileToPack>& files, Packing packing);
 
 }  // namespace sheetwright

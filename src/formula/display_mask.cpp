@@ -38,20 +38,18 @@ std::optional<Moment> MomentOfStamp(const QString& text) {
     return date.isValid() && date.year() >= kFirstYear ? std::optional(Moment{date}) : std::nullopt;
 }
 
-// Days since the empty date; the decimals are the time of day.
+// Days since the empty date; the decimals are the time of day, also of a day before it.
 std::optional<Moment> MomentOfDays(double days) {
     constexpr double kFirstDay = -657434;
-    constexpr double kLastDay = 2958466;
+    constexpr double kLastDay = 2958465;
     constexpr qint64 kSecondsOfDay = 86400;
-    if (!(days >= kFirstDay && days < kLastDay)) return std::nullopt;
-    double whole = std::trunc(days);
-    qint64 seconds = std::llround(std::abs(days - whole) * kSecondsOfDay);
-    if (seconds == kSecondsOfDay) {
-        whole += 1;
-        seconds = 0;
-    }
-    const QTime time = QTime::fromMSecsSinceStartOfDay(static_cast<int>(seconds) * 1000);
-    return Moment{EmptyDate().addDays(static_cast<qint64>(whole)), time};
+    const double day = std::trunc(days);
+    const qint64 seconds = std::llround(std::abs(days - day) * kSecondsOfDay);
+    const double rounded = day + static_cast<double>(seconds / kSecondsOfDay);
+    if (rounded < kFirstDay || rounded > kLastDay) return std::nullopt;
+    const int milliseconds = static_cast<int>(seconds % kSecondsOfDay) * 1000;
+    return Moment{EmptyDate().addDays(static_cast<qint64>(rounded)),
+                  QTime::fromMSecsSinceStartOfDay(milliseconds)};
 }
 
 std::optional<Moment> MomentOf(const QString& text, const MaskContext& context) {

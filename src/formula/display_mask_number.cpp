@@ -4,6 +4,8 @@
 #include "formula/value_numbers.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace sheetwright {
 
@@ -37,7 +39,7 @@ class NumberMaskReader {
     NumberMask Read() {
         for (m_at = 0; m_at < m_section.size(); ++m_at)
             Take(m_section[m_at]);
-        m_mask.shift -= 3 * m_commas;
+        DropThousands();
         return std::move(m_mask);
     }
 
@@ -47,9 +49,10 @@ class NumberMaskReader {
             TakeDigit(here.character);
         } else if (here.Is(u'.') && !m_mask.hasPoint) {
             m_mask.hasPoint = true;
+            DropThousands();
             m_mask.places.push_back({Slot::Point, here.character});
         } else if (here.Is(u',')) {
-            if (m_mask.integers > 0 && !m_mask.hasPoint) ++m_commas;
+            if (m_mask.integers > 0 || m_mask.fractions > 0) ++m_commas;
         } else if (IsExponent(here)) {
             TakeExponent(here.character);
         } else {
@@ -58,7 +61,10 @@ class NumberMaskReader {
         }
     }
 
+    void DropThousands() { m_mask.shift -= 3 * std::exchange(m_commas, 0); }
+
     void TakeDigit(QChar digit) {
+        const bool isBehindComma = std::exchange(m_commas, 0) > 0;
         if (m_mask.hasPoint) {
             ++m_mask.fractions;
             if (digit == u'0') m_mask.forcedFractions = m_mask.fractions;
@@ -66,8 +72,7 @@ class NumberMaskReader {
             return;
         }
         ++m_mask.integers;
-        if (m_commas > 0) m_mask.isGrouped = true;
-        m_commas = 0;
+        if (isBehindComma) m_mask.isGrouped = true;
         m_mask.places.push_back({Slot::Integer, digit});
     }
 

@@ -18,9 +18,9 @@ namespace {
 // Each level takes some kilobytes of stack in a sanitized build, far less in a plain one.
 constexpr int kMaxDepth = 400;
 
-// An expression of full length, nested to the limit and evaluated once throughout, stays below a fifth of
-// this. What exceeds it evaluates arguments over and over and would not end in anybody's lifetime.
-constexpr qint64 kMaxWork = 100'000'000;
+// An expression of full length, nested to the limit and evaluated once throughout, stays below half of this.
+// What exceeds it evaluates arguments over and over and would not end in anybody's lifetime.
+constexpr qint64 kMaxWork = 40'000'000;
 constexpr qint64 kWorkOfOneCall = 16;
 
 constexpr qsizetype kMaxExpressionLength = std::numeric_limits<std::int16_t>::max();

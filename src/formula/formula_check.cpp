@@ -67,8 +67,10 @@ QString Quoted(QStringView text) {
 
 // Numbers and dates, of which the tolerant reading makes what their author meant.
 bool IsPlainNumber(QStringView text) {
+    // Possessive, so that a long run of digits is gone through once.
     static const QRegularExpression number(
-        QStringLiteral("^(-?[0-9]*\\.?[0-9]*(E[-+]?[0-9]+)?|[0-9]{1,4}([-/.])[0-9]{1,2}\\3[0-9]{1,4})$"),
+        QStringLiteral(
+            "^(-?[0-9]*+(\\.[0-9]*+)?+(E[-+]?[0-9]++)?|[0-9]{1,4}([-/.])[0-9]{1,2}\\4[0-9]{1,4})$"),
         QRegularExpression::CaseInsensitiveOption);
     return number.match(text.toString()).hasMatch();
 }

@@ -51,7 +51,7 @@ void DecimalDigits::RoundUp() {
     if (!m_digits.empty()) {
         ++m_digits.back();
     } else {
-        m_digits = "1";
+        m_digits.assign(1, '1');
         ++m_point;
     }
 }

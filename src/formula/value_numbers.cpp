@@ -6,6 +6,7 @@
 
 #include <array>
 #include <charconv>
+#include <string_view>
 
 namespace sheetwright {
 
@@ -18,16 +19,29 @@ constexpr QChar kMinusSign = u'\u2212';
 
 using NumberText = QVarLengthArray<char, 64>;
 
+// Whether a number, known to lie outside the range of a Double, is too small for it rather than too large.
+bool IsTiny(std::string_view text) {
+    const std::size_t mark = std::min(text.find('e'), text.size());
+    const std::string_view mantissa = text.substr(0, mark);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (mark == text.size()) return first > point;
+    const std::string_view exponentText = text.substr(mark + 1);
+    const bool isNegative = exponentText.starts_with('-');
+    qint64 exponent = 0;
+    const auto result =
+        std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+    if (result.ec != std::errc()) return isNegative;
+    return exponent < static_cast<qint64>(first) - static_cast<qint64>(point);
+}
+
 // What `std::from_chars` makes of a text that is known to have the form of a number; none beyond the range of
 // a Double. A number too small for one is 0.
 std::optional<double> Decoded(const NumberText& text) {
     double number = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     if (result.ec == std::errc()) return number;
-    bool inRange = false;
-    number = QByteArray::fromRawData(text.data(), text.size()).toDouble(&inRange);
-    if (!inRange && number != 0) return std::nullopt;
-    return number;
+    return IsTiny({text.data(), static_cast<std::size_t>(text.size())}) ? std::optional(0.0) : std::nullopt;
 }
 
 // A run of digit groups is as the locale writes it: threes, or pairs above the lowest three where the locale

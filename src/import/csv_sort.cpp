@@ -12,13 +12,20 @@ namespace sheetwright {
 
 namespace {
 
-constexpr qsizetype kLeadLength = 4;  // UTF-16 units in a machine word
+constexpr qsizetype kLeadLength = 3;  // UTF-16 units
+constexpr std::uint64_t kGoesOn = kLeadLength + 1;
 
+// The first characters of `text`, behind them their number, which is one more for a text that goes on: so a
+// text stands before a longer one whatever characters that goes on with.
 std::uint64_t TextLead(QStringView text) {
     std::uint64_t lead = 0;
     for (qsizetype index = 0; index < kLeadLength; ++index)
         lead = lead << 16U | (index < text.size() ? text[index].unicode() : 0U);
-    return lead;
+    return lead << 16U | static_cast<std::uint64_t>(std::min(text.size(), kLeadLength + 1));
+}
+
+bool GoesOn(std::uint64_t lead) {
+    return (lead & 0xFFFFU) == kGoesOn;
 }
 
 // Orders like the number itself; never 0, which is for blanks.
@@ -74,7 +81,7 @@ void CsvSortKeys::Add(QStringView value) {
         m_keys.push_back({value.trimmed().isEmpty() ? 0 : NumberLead(LeadingNumber(value)), place});
         return;
     }
-    m_keys.push_back({TextLead(value), place});
+    m_keys.push_back({0, place});
     m_texts.append(value);
     m_ends.append(m_texts.size());
 }
@@ -84,18 +91,42 @@ QStringView CsvSortKeys::TextAt(std::uint32_t place) const {
     return QStringView(m_texts).sliced(start, m_ends[place] - start);
 }
 
-bool CsvSortKeys::IsLess(const Key& left, const Key& right) const {
-    if (left.lead != right.lead) return left.lead < right.lead;
-    if (!m_byNumber) {
-        const int order = TextAt(left.place).compare(TextAt(right.place));
-        if (order != 0) return order < 0;
+void CsvSortKeys::Sort(const Run& run) {
+    const auto first = m_keys.begin() + static_cast<std::ptrdiff_t>(run.first);
+    const auto end = m_keys.begin() + static_cast<std::ptrdiff_t>(run.end);
+    if (!std::is_sorted(first, end)) std::sort(first, end);
+}
+
+// Only keys that are the same so far are looked at again, further on in their texts.
+void CsvSortKeys::SortTexts() {
+    std::vector<Run> runs{{0, m_keys.size(), 0}};
+    while (!runs.empty()) {
+        const Run run = runs.back();
+        runs.pop_back();
+        for (std::size_t index = run.first; index < run.end; ++index)
+            m_keys[index].lead = TextLead(TextAt(m_keys[index].place).sliced(run.offset));
+        Sort(run);
+        SplitRun(run, runs);
     }
-    return left.place < right.place;
+}
+
+void CsvSortKeys::SplitRun(const Run& run, std::vector<Run>& runs) const {
+    for (std::size_t first = run.first; first < run.end;) {
+        const std::uint64_t lead = m_keys[first].lead;
+        std::size_t end = first + 1;
+        while (end < run.end && m_keys[end].lead == lead)
+            ++end;
+        if (end - first > 1 && GoesOn(lead)) runs.push_back({first, end, run.offset + kLeadLength});
+        first = end;
+    }
 }
 
 std::vector<std::uint32_t> CsvSortKeys::Order() {
-    std::sort(m_keys.begin(), m_keys.end(),
-              [this](const Key& left, const Key& right) { return IsLess(left, right); });
+    if (m_byNumber) {
+        Sort({0, m_keys.size(), 0});
+    } else {
+        SortTexts();
+    }
     std::vector<std::uint32_t> order;
     order.reserve(m_keys.size());
     for (const Key& key : m_keys)

@@ -1,13 +1,14 @@
 #pragma once
 
 // The keys of one column, record by record in their present order, and the order they put the records in. All
-// texts stand in one block and most comparisons look at one machine word, so that a big table sorts without a
+// texts stand in one block and are compared a machine word at a time, so that a big table sorts without a
 // string object per record.
 
 #include <QList>
 #include <QString>
 #include <QStringView>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -24,14 +25,24 @@ class CsvSortKeys {
     [[nodiscard]] std::vector<std::uint32_t> Order();
 
   private:
-    // `lead` is the number, or the first characters of the text: then equal ones leave it to the whole text.
     struct Key {
-        std::uint64_t lead;
+        std::uint64_t lead;  // the number, or three characters of the text
         std::uint32_t place;
+        bool operator<(const Key& other) const {
+            return lead != other.lead ? lead < other.lead : place < other.place;
+        }
+    };
+    // Keys from `first` up to `end` whose texts are the same up to `offset`.
+    struct Run {
+        std::size_t first;
+        std::size_t end;
+        qsizetype offset;
     };
 
     [[nodiscard]] QStringView TextAt(std::uint32_t place) const;
-    [[nodiscard]] bool IsLess(const Key& left, const Key& right) const;
+    void Sort(const Run& run);
+    void SortTexts();
+    void SplitRun(const Run& run, std::vector<Run>& runs) const;
 
     bool m_byNumber;
     std::vector<Key> m_keys;

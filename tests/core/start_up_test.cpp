@@ -3,10 +3,8 @@
 #include "core/folders.h"
 #include "support/test_application.h"
 
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
-#include <QThread>
 
 #include <vector>
 
@@ -274,144 +272,6 @@ TEST(CommandLineOf, QuotesInAnArgumentAreDroppedAndSpoilNoOther) {
         CommandLineTokens(CommandLineOf(
             {QStringLiteral("\"my form.aff\""), QStringLiteral("5\" disk.aff"), QStringLiteral("b.aff")})),
         QStringList({QStringLiteral("my form.aff"), QStringLiteral("5 disk.aff"), QStringLiteral("b.aff")}));
-}
-
-TEST(WaitForRunner, WaitsASecondBeforeItAsks) {
-    int waits = 0;
-    WaitForRunner([] { return false; }, [&] { ++waits; });
-    EXPECT_EQ(waits, 1);
-}
-
-TEST(WaitForRunner, AsksUntilTheRunnerHasEnded) {
-    int waits = 0;
-    WaitForRunner([&] { return waits < 7; }, [&] { ++waits; });
-    EXPECT_EQ(waits, 7);
-}
-
-TEST(WaitForRunner, GivesUpAfterSixtySeconds) {
-    int waits = 0;
-    WaitForRunner([] { return true; }, [&] { ++waits; });
-    EXPECT_EQ(waits, 60);
-}
-
-class UpdateRunner : public ApplicationTest {
-  protected:
-    void WriteRunner(const QString& name, const QByteArray& script) {
-        const QString path = Write(name, script);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    // Waits given, each of which lasts until the runner has left its mark.
-    int Waits() {
-        int waits = 0;
-        RunUpdateRunner(*m_application, [&] {
-            ++waits;
-            const QDeadlineTimer limit(30'000);
-            while (!QFile::exists(m_folder.filePath(QStringLiteral("mark"))) && !limit.hasExpired())
-                QThread::yieldCurrentThread();
-        });
-        return waits;
-    }
-};
-
-TEST_F(UpdateRunner, NoneIsStartedWhereNoneIs) {
-    EXPECT_EQ(Waits(), 0);
-}
-
-TEST_F(UpdateRunner, IsStartedInTheInstallFolder) {
-    for (const QString& name : {QStringLiteral("RunOnce.exe"), QStringLiteral("RunOnce")}) {
-        WriteRunner(name, "#!/bin/sh\necho x > mark\n");
-        EXPECT_GE(Waits(), 1) << name.toStdString();
-        EXPECT_TRUE(QFile::remove(m_folder.filePath(QStringLiteral("mark")))) << name.toStdString();
-        QFile::remove(m_folder.filePath(name));
-    }
-}
-
-TEST_F(UpdateRunner, RunnerThatCannotBeStartedIsIgnored) {
-    Write(QStringLiteral("RunOnce.exe"), "no program");
-    QFile::setPermissions(m_folder.filePath(QStringLiteral("RunOnce.exe")), QFile::ReadOwner);
-    EXPECT_EQ(Waits(), 0);
-    EXPECT_TRUE(m_ui.messages.empty());
-}
-
-class Claim : public ApplicationTest {
-  protected:
-    Claim() : m_oldFolder(qgetenv("XDG_RUNTIME_DIR")) {
-        qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
-        qunsetenv("SHEETWRIGHT_CHANNEL");
-    }
-    ~Claim() override {
-        qunsetenv("SHEETWRIGHT_CHANNEL");
-        if (m_oldFolder.isNull()) {
-            qunsetenv("XDG_RUNTIME_DIR");
-        } else {
-            qputenv("XDG_RUNTIME_DIR", m_oldFolder);
-        }
-    }
-    [[nodiscard]] QStringList Locks() const {
-        return QDir(m_folder.path()).entryList({QStringLiteral("*.lock")}, QDir::Files);
-    }
-
-    QByteArray m_oldFolder;
-    const QString m_program = QStringLiteral("Tolvane Quillon Sheetwright");
-};
-
-TEST_F(Claim, IsHeldByOneAtATime) {
-    InstanceClaim second;
-    {
-        InstanceClaim first;
-        EXPECT_TRUE(first.Take(m_program));
-        EXPECT_FALSE(second.Take(m_program));
-    }
-    EXPECT_TRUE(second.Take(m_program));
-}
-
-TEST_F(Claim, OtherProgramsAndChannelsDoNotCount) {
-    InstanceClaim first;
-    InstanceClaim viewer;
-    InstanceClaim channel;
-    EXPECT_TRUE(first.Take(m_program));
-    EXPECT_TRUE(viewer.Take(QStringLiteral("Tolvane Ketterlin Professional Viewer")));
-    qputenv("SHEETWRIGHT_CHANNEL", "second");
-    EXPECT_TRUE(channel.Take(m_program));
-}
-
-TEST_F(Claim, OfACrashedProcessDoesNotBlock) {
-    QString lock;
-    QByteArray content;
-    {
-        InstanceClaim claim;
-        EXPECT_TRUE(claim.Take(m_program));
-        lock = Locks().value(0);
-        content = Read(lock);
-    }
-    Write(lock, "999999999" + content.mid(content.indexOf('\n')));
-    InstanceClaim next;
-    EXPECT_TRUE(next.Take(m_program));
-}
-
-TEST_F(Claim, OfAProcessThatCrashedWhileTakingItDoesNotBlock) {
-    QString lock;
-    {
-        InstanceClaim claim;
-        EXPECT_TRUE(claim.Take(m_program));
-        lock = Locks().value(0);
-    }
-    Write(lock, "");
-    InstanceClaim next;
-    EXPECT_TRUE(next.Take(m_program));
-}
-
-TEST_F(Claim, ThatCannotBeWrittenDownIsGranted) {
-    qputenv("SHEETWRIGHT_CHANNEL", "x");
-    QString lock;
-    {
-        InstanceClaim claim;
-        EXPECT_TRUE(claim.Take(m_program));
-        lock = Locks().value(0);
-    }
-    QDir(m_folder.path()).mkdir(lock);
-    InstanceClaim claim;
-    EXPECT_TRUE(claim.Take(m_program));
 }
 
 }  // namespace

@@ -24,13 +24,21 @@ struct BuiltMember {
     std::optional<std::uint16_t> method{};
 };
 
-inline std::uint32_t Crc32(const QByteArray& bytes) {
-    std::uint32_t crc = 0xFFFFFFFFU;
-    for (const char byte : bytes) {
-        crc ^= static_cast<unsigned char>(byte);
+inline std::array<std::uint32_t, 256> Crc32Table() {
+    std::array<std::uint32_t, 256> table{};
+    for (std::uint32_t byte = 0; byte < table.size(); ++byte) {
+        table[byte] = byte;
         for (int bit = 0; bit < 8; ++bit)
-            crc = (crc >> 1) ^ ((crc & 1U) != 0 ? 0xEDB88320U : 0U);
+            table[byte] = (table[byte] >> 1) ^ ((table[byte] & 1U) != 0 ? 0xEDB88320U : 0U);
     }
+    return table;
+}
+
+inline std::uint32_t Crc32(const QByteArray& bytes) {
+    const std::array<std::uint32_t, 256> table = Crc32Table();
+    std::uint32_t crc = 0xFFFFFFFFU;
+    for (const char byte : bytes)
+        crc = (crc >> 8) ^ table[(crc ^ static_cast<unsigned char>(byte)) & 0xFFU];
     return ~crc;
 }
 

@@ -18,7 +18,7 @@ class ZipWriterTest : public ApplicationTest {
     QString Pack(const std::vector<FileToPack>& files, Packing packing = Packing::Deflated) const {
         const QString path = Path(QStringLiteral("packed.zip"));
         AtomicFile output(path, QStringLiteral(" 2"));
-        WriteZip(output, files, packing);
+        WriteZip(output.Beside(), files, packing);
         output.Replace();
         return path;
     }
@@ -45,8 +45,8 @@ TEST_F(ZipWriterTest, WritingAgainLeavesNothingOfTheFirstTime) {
     const FileToPack file = File(QStringLiteral("a.aff"), QByteArray(100'000, 'x'));
     const QString path = Path(QStringLiteral("packed.zip"));
     AtomicFile output(path, QStringLiteral(" 2"));
-    WriteZip(output, {file}, Packing::Stored);
-    WriteZip(output, {file}, Packing::Deflated);
+    WriteZip(output.Beside(), {file}, Packing::Stored);
+    WriteZip(output.Beside(), {file}, Packing::Deflated);
     EXPECT_LT(QFileInfo(output.BesidePath()).size(), 2'000);
     EXPECT_EQ(ZipReader(output.BesidePath(), 10, ZipReader::Check::Strict).Members().size(), 1U);
 }

@@ -219,8 +219,8 @@ TEST_F(EvaluatorTest, AReferencePrefersMePageWhenItHasTheDesign) {
 }
 
 TEST_F(EvaluatorTest, AMePageThatIsNoPageIsNoPreference) {
-    for (const std::int16_t page : {-1, 7, 32767}) {
-        m_mePage = page;
+    for (const int page : {-1, 7, 32767}) {
+        m_mePage = static_cast<std::int16_t>(page);
         EXPECT_EQ(Told("{FIELDS\\Cover,Name}"), "String fifth");
     }
 }
@@ -352,9 +352,9 @@ TEST_F(StatementsTest, SemicolonsInQuotesAndParenthesesDoNotSeparate) {
 }
 
 TEST_F(StatementsTest, TheFirstCharacterOfALaterStatementIsNotScanned) {
-    EXPECT_EQ(Run(";(;SETME(1)"), "Double 1") << "the depth stays 0";
+    EXPECT_EQ(Run("1;(1);SETME(4)"), "String before") << "the opening goes unseen, so the depth is -1";
     EXPECT_EQ(Run("SETME(1);;SETME(2)"), "Double 1") << "the second separator goes unseen";
-    EXPECT_EQ(Run("1;\"a;SETME(3);\""), "Double 3") << "the quote goes unseen";
+    EXPECT_EQ(Run("1;\"a;SETME(3)"), "Double 3") << "the quote goes unseen, so the separator counts";
 }
 
 TEST_F(StatementsTest, AFailureEndsTheFormula) {

@@ -4,7 +4,6 @@
 // folder.
 
 #include "core/application.h"
-#include "core/folders.h"
 #include "document/memory_block.h"
 #include "formula/evaluator.h"
 #include "import/csv_table.h"
@@ -22,7 +21,6 @@ class FormulaTest : public ApplicationTest {
     FormulaTest() {
         UseLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
         m_tempDir = Path(QStringLiteral("work/"));
-        SetListFolder(*m_application, m_folder.path());
     }
 
     void UseLocale(const QLocale& locale) { m_application->conventions = ConventionsOf(locale); }

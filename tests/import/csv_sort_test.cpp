@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <numeric>
+#include <random>
 
 namespace sheetwright {
 namespace {
@@ -31,8 +34,33 @@ TEST(CsvSortKeys, LongTextsAreComparedToTheirEnd) {
               Places({3, 4, 2, 1, 0}));
 }
 
+TEST(CsvSortKeys, WhatAllTextsBeginWithMakesNoDifference) {
+    EXPECT_EQ(OrderOf(false, {QStringLiteral("Customer 2"), QStringLiteral("Customer 10"),
+                              QStringLiteral("Customer "), QStringLiteral("Customer 10000")}),
+              Places({2, 1, 3, 0}));
+    EXPECT_EQ(OrderOf(false, {QStringLiteral("same"), QStringLiteral("same"), QStringLiteral("same")}),
+              Places({0, 1, 2}));
+    EXPECT_EQ(OrderOf(false, {}), Places());
+}
+
 TEST(CsvSortKeys, AShorterTextStandsBeforeOneThatGoesOnWithAZeroCharacter) {
     EXPECT_EQ(OrderOf(false, {QString(QStringLiteral("a")) + QChar(0), QStringLiteral("a")}), Places({1, 0}));
+}
+
+TEST(CsvSortKeys, OrdersLikeWholeTextsCompared) {
+    std::mt19937 random(7);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same texts every time
+    QStringList values;
+    for (int count = 0; count < 2000; ++count) {
+        QString value;
+        for (auto length = random() % 9; length > 0; --length)
+            value += QStringLiteral("\0ab\uFFFF")[random() % 4];
+        values << value;
+    }
+    Places expected(static_cast<std::size_t>(values.size()));
+    std::iota(expected.begin(), expected.end(), 0U);
+    std::stable_sort(expected.begin(), expected.end(),
+                     [&](std::uint32_t left, std::uint32_t right) { return values[left] < values[right]; });
+    EXPECT_EQ(OrderOf(false, values), expected);
 }
 
 TEST(CsvSortKeys, EqualKeysKeepTheirOrder) {

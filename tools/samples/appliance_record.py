@@ -104,6 +104,7 @@ def _reading_guide(page):
 
 def _declaration(page):
     NAVY_STYLE.section(page, 11010, "Declaration")
+    page.frame(MARGIN, 11370, 10200, 540)
     page.label(MARGIN + 60, 11385, 10080, 495, "The equipment listed in this record has been inspected and tested with the "
                "instrument and against the limits named above. The results describe its condition on the day of testing.")
     page.cell(MARGIN, 12000, 3405, "Name", "Declared By")

@@ -70,10 +70,20 @@ def starts_with(value, part):
     return equal(call("CONCATENATE", word("a"), call("MID", value, 1, len(part))), word("a" + part))
 
 
-def is_number(value):
-    """A number other than 0, or a text that begins like a written 0."""
-    return any_of(call("GREATERTHAN", value, 0), call("LESSTHAN", value, 0), starts_with(value, "0"),
-                  starts_with(value, "-0"))
+def is_plain(value):
+    """No letters, and no comma that this system would not read as the decimal point. A number is read as far as it
+    goes, so "0,47" would else be 0 and "1.2 k" would be 1.2. Letters shorten the number behind the leading 1."""
+    digits = call("CONCATENATE", 1, call("STRIPNONALPHA", value))
+    no_letters = equal(call("LENGTH", call("ADD", digits, 0)), call("LENGTH", digits))
+    return all_of(no_letters, any_of(not_(holds(value, ",")), holds(call("DIVIDE", 1, 2), ",")))
+
+
+def is_number(value, signed=False):
+    """A number above 0, or one that begins like a written 0; with `signed` also one below."""
+    accepted = [call("GREATERTHAN", value, 0), starts_with(value, "0")]
+    if signed:
+        accepted += [call("LESSTHAN", value, 0), starts_with(value, "-0")]
+    return all_of(is_plain(value), any_of(*accepted))
 
 
 def without_mark(value, mark):
@@ -81,8 +91,9 @@ def without_mark(value, mark):
 
 
 def is_reading(value):
-    """A number, also one marked as over or under range."""
-    return any_of(is_number(without_mark(value, ">")), is_number(without_mark(value, "<")))
+    """A number of 0 or more, also one marked as over or under range."""
+    marked = any_of(holds(value, ">"), holds(value, "<"))
+    return is_number(if_(marked, call("MID", value, 2, 20), value))
 
 
 def within_maximum(reading, limit):

@@ -1,0 +1,95 @@
+#include "core/instance_claim.h"
+
+#include "support/test_application.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace sheetwright {
+
+namespace {
+
+class Claim : public ApplicationTest {
+  protected:
+    Claim() : m_oldFolder(qgetenv("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
+        qunsetenv("SHEETWRIGHT_CHANNEL");
+    }
+    ~Claim() override {
+        qunsetenv("SHEETWRIGHT_CHANNEL");
+        if (m_oldFolder.isNull()) {
+            qunsetenv("XDG_RUNTIME_DIR");
+        } else {
+            qputenv("XDG_RUNTIME_DIR", m_oldFolder);
+        }
+    }
+    [[nodiscard]] QStringList Locks() const {
+        return QDir(m_folder.path()).entryList({QStringLiteral("*.lock")}, QDir::Files);
+    }
+
+    QByteArray m_oldFolder;
+    const QString m_program = QStringLiteral("Tolvane Quillon Sheetwright");
+};
+
+TEST_F(Claim, IsHeldByOneAtATime) {
+    InstanceClaim second;
+    {
+        InstanceClaim first;
+        EXPECT_TRUE(first.Take(m_program));
+        EXPECT_FALSE(second.Take(m_program));
+    }
+    EXPECT_TRUE(second.Take(m_program));
+}
+
+TEST_F(Claim, OtherProgramsAndChannelsDoNotCount) {
+    InstanceClaim first;
+    InstanceClaim viewer;
+    InstanceClaim channel;
+    EXPECT_TRUE(first.Take(m_program));
+    EXPECT_TRUE(viewer.Take(QStringLiteral("Tolvane Ketterlin Professional Viewer")));
+    qputenv("SHEETWRIGHT_CHANNEL", "second");
+    EXPECT_TRUE(channel.Take(m_program));
+}
+
+TEST_F(Claim, OfACrashedProcessDoesNotBlock) {
+    QString lock;
+    QByteArray content;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+        content = Read(lock);
+    }
+    Write(lock, "999999999" + content.mid(content.indexOf('\n')));
+    InstanceClaim next;
+    EXPECT_TRUE(next.Take(m_program));
+}
+
+TEST_F(Claim, OfAProcessThatCrashedWhileTakingItDoesNotBlock) {
+    QString lock;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+    }
+    Write(lock, "");
+    InstanceClaim next;
+    EXPECT_TRUE(next.Take(m_program));
+}
+
+TEST_F(Claim, ThatCannotBeWrittenDownIsGranted) {
+    qputenv("SHEETWRIGHT_CHANNEL", "x");
+    QString lock;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+    }
+    QDir(m_folder.path()).mkdir(lock);
+    InstanceClaim claim;
+    EXPECT_TRUE(claim.Take(m_program));
+}
+
+}  // namespace
+
+}  // namespace sheetwright

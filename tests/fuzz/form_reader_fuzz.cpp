@@ -1,0 +1,126 @@
+// Any bytes make a form or are refused with a failure. A form that was read is written and read again without
+// a change to any line, and can be merged into itself.
+
+#include "core/application.h"
+#include "core/failure.h"
+#include "core/user_interface.h"
+#include "document/document.h"
+#include "document/form_reader.h"
+#include "document/form_writer.h"
+
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace sheetwright;
+
+namespace {
+
+void Require(bool holds) {
+    if (!holds) std::abort();
+}
+
+// An application in a temporary folder, with one document that is read anew for each input.
+class Workplace {
+  public:
+    Workplace()
+        : m_application(QStringLiteral("Sheetwright"), m_folder.path(), Settings(m_folder.path()), m_ui) {
+        m_application.settings.Write(QStringLiteral("Tolvane Quillon Form Designer"),
+                                     QStringLiteral("frmPrefs"), QStringLiteral("CompanyLogo"),
+                                     m_folder.filePath(QStringLiteral("logo.bmp")));
+        WriteFile(QStringLiteral("logo.bmp"), "BM");
+        m_application.conventions = ConventionsOf(QLocale::c());
+    }
+
+    void WriteFile(const QString& name, const QByteArray& bytes) const {
+        QFile file(m_folder.filePath(name));
+        Require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    [[nodiscard]] Application& TheApplication() { return m_application; }
+    [[nodiscard]] QString Folder() const { return m_folder.path() + u'/'; }
+
+  private:
+    QTemporaryDir m_folder;
+    SilentUserInterface m_ui;
+    Application m_application;
+};
+
+class ReadDocument : public frmSheetwright {
+  public:
+    explicit ReadDocument(Workplace& workplace) : frmSheetwright(workplace.TheApplication()) {
+        MyTempDir = workplace.Folder();
+        Tag = QStringLiteral("form.aff");
+        ReadFormFile(*this);
+    }
+    ReadDocument(const ReadDocument&) = delete;
+    ReadDocument& operator=(const ReadDocument&) = delete;
+    ~ReadDocument() { MyTempDir.clear(); }
+
+    [[nodiscard]] QStringList Lines() const {
+        QStringList lines;
+        for (int number = 1; number <= memory.DesignPageCount(); ++number)
+            AddLines(lines, memory.DesignPage(number));
+        for (int number = 1; number <= memory.DataPageCount(); ++number)
+            AddLines(lines, memory.DataPage(number));
+        return lines;
+    }
+
+  private:
+    static void AddLines(QStringList& lines, const PageLines& page) {
+        for (int position = 1; position <= page.Count(); ++position)
+            lines << page.Line(position).toString();
+    }
+};
+
+// Tabs and blanks before a line are indentation to the next reader, and a field may bear the name of a
+// header.
+bool ReadsBackAsItIs(const QString& line) {
+    const bool isIndented = line.startsWith(u'\t') || line.startsWith(u' ');
+    const bool isNamedLikeAHeader = IsPageHeader(line) && line.endsWith(u'=');
+    return !isIndented && !isNamedLikeAHeader;
+}
+
+void RequireSameAfterWriting(Workplace& workplace, ReadDocument& document) {
+    const QStringList lines = document.Lines();
+    if (!std::all_of(lines.begin(), lines.end(), ReadsBackAsItIs)) return;
+    WriteFormFile(document, Recalculate::No);
+    const ReadDocument again(workplace);
+    Require(again.Lines() == lines);
+}
+
+void RequireLookupsHold(const ReadDocument& document) {
+    const MemoryBlock& memory = document.memory;
+    for (int number = 1; number <= std::min<int>(memory.DataPageCount(), 50); ++number) {
+        const PageLines& page = memory.DataPage(number);
+        for (int position = 1; position <= std::min(page.Count(), 50); ++position) {
+            const QString line = page.Line(position).toString();
+            const qsizetype equals = line.indexOf(u'=');
+            const int found = page.Find(equals < 0 ? QString() : line.first(equals));
+            Require(found > 0 && found <= position);
+        }
+    }
+    (void)memory.PagesOf(1);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static Workplace workplace;
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    workplace.WriteFile(QStringLiteral("form.aff"), bytes);
+    Ignoring([&] {
+        ReadDocument document(workplace);
+        RequireLookupsHold(document);
+        Ignoring([&] { ReadFormFile(document); });
+        if (document.Pages > 0) Ignoring([&] { document.memory.InsertDataPage(1, 1); });
+    });
+    Ignoring([&] {
+        ReadDocument document(workplace);
+        RequireSameAfterWriting(workplace, document);
+    });
+    return 0;
+}
