@@ -34,7 +34,7 @@ from samples.inspection_data import CIRCUITS
 
 SHARE = pathlib.Path(__file__).resolve().parent.parent / "share"
 # Dates are written day first and numbers with a point, whatever the machine's own conventions are.
-CONVENTIONS = {"LC_ALL": "C.UTF-8"}
+CONVENTIONS = "C.UTF-8"
 
 
 class Form:
@@ -101,33 +101,37 @@ def write_plain_files(form, out):
         write(folder / f"{form.name}.inf", form.inf)
 
 
-def run(cli, out, *arguments):
-    """The program, with the folder of the lists as its current directory; returns what it printed."""
-    done = subprocess.run([cli, *map(str, arguments)], cwd=out, env={**os.environ, **CONVENTIONS}, capture_output=True,
-                          text=True, encoding="utf-8", check=False)
-    if done.returncode != 0 or done.stderr:
-        raise SystemExit(f"{' '.join(map(str, arguments))}: {done.stdout}{done.stderr}")
-    return done.stdout
+class Program:
+    """The command line program, without any user's settings, its current directory that of the lists."""
+
+    def __init__(self, path, lists_parent, home):
+        self.path, self.lists_parent = path, lists_parent
+        self.environment = {**os.environ, "LC_ALL": CONVENTIONS, "XDG_CONFIG_HOME": home, "XDG_DATA_HOME": home}
+
+    def run(self, *arguments):
+        done = subprocess.run([self.path, *map(str, arguments)], cwd=self.lists_parent, env=self.environment,
+                              capture_output=True, text=True, encoding="utf-8", check=False)
+        if done.returncode != 0 or done.stderr:
+            raise SystemExit(f"{' '.join(map(str, arguments))}: {done.stdout}{done.stderr}")
+
+    def recalculated(self, members, name):
+        """The form's text after one recalculation."""
+        with tempfile.TemporaryDirectory() as folder:
+            before, after = pathlib.Path(folder, "in", name), pathlib.Path(folder, "out", name)
+            before.parent.mkdir()
+            after.parent.mkdir()
+            write_archive(before, members)
+            self.run("fill", before, "--save", after)
+            return read_member(after, name)
 
 
-def recalculated(cli, out, members, name):
-    """The form's text after one recalculation by the program."""
-    with tempfile.TemporaryDirectory() as folder:
-        before, after = pathlib.Path(folder, "in", name), pathlib.Path(folder, "out", name)
-        before.parent.mkdir()
-        after.parent.mkdir()
-        write_archive(before, members)
-        run(cli, out, "fill", before, "--save", after)
-        return read_member(after, name)
-
-
-def write_filled_form(form, cli, out):
+def write_filled_form(form, program, out):
     """One recalculation must be enough: people save once, and what is saved must be right."""
     name = f"{form.name}.aff"
     files = {**form.companions(), **form.form_pictures, "import1.csv": form.csv}
     rest = sorted(files.items(), key=lambda item: item[0].lower())
-    text = recalculated(cli, out, [(name, form.filled_text()), *rest], name)
-    if recalculated(cli, out, [(name, text), *rest], name) != text:
+    text = program.recalculated([(name, form.filled_text()), *rest], name)
+    if program.recalculated([(name, text), *rest], name) != text:
         raise SystemExit(f"{name}: a second recalculation changes values")
     write_archive(out / "samples" / name, [(name, text), *rest])
 
@@ -146,14 +150,15 @@ def main():
     parser.add_argument("--packed", type=pathlib.Path, help="also write the templates as archives into this folder")
     options = parser.parse_args()
     out = options.out.resolve()
-    for form in sample_forms():
-        write_plain_files(form, out)
-        if options.cli:
-            write_filled_form(form, options.cli.resolve(), out)
-            run(options.cli.resolve(), out, "check", out / "templates" / f"{form.name}.aft",
-                out / "samples" / f"{form.name}.aff")
-        if options.packed:
-            write_packed_template(form, options.packed.resolve())
+    with tempfile.TemporaryDirectory() as home:
+        program = Program(options.cli.resolve(), out, home) if options.cli else None
+        for form in sample_forms():
+            write_plain_files(form, out)
+            if program:
+                write_filled_form(form, program, out)
+                program.run("check", out / "templates" / f"{form.name}.aft", out / "samples" / f"{form.name}.aff")
+            if options.packed:
+                write_packed_template(form, options.packed.resolve())
 
 
 if __name__ == "__main__":

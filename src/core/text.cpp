@@ -11,7 +11,6 @@ namespace sheetwright {
 namespace {
 
 constexpr QChar kLineBreakMark(127);
-constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
 
 constexpr qsizetype kScanned = 4096;  // units that are scanned without a branch each, so that it vectorises
 
@@ -37,17 +36,14 @@ bool IsAscii(QStringView text) {
 
 QByteArray ToUtf8(QStringView text) {
     const QByteArray bytes = text.toUtf8();
-    return text.startsWith(QChar(QChar::ByteOrderMark)) ? kUtf8Mark + bytes : bytes;
+    return text.startsWith(QChar(QChar::ByteOrderMark)) ? "\xEF\xBB\xBF" + bytes : bytes;
 }
 
 }  // namespace
 
 QString DecodeFileText(QByteArrayView bytes) {
     if (IsAscii(bytes)) return QString::fromLatin1(bytes);
-    if (bytes.isValidUtf8()) {
-        const bool hasMark = bytes.startsWith(kUtf8Mark);
-        return QString::fromUtf8(hasMark ? bytes.sliced(3) : bytes);
-    }
+    if (bytes.isValidUtf8()) return QString::fromUtf8(bytes);  // drops one byte-order mark
     QStringDecoder decoder(kCodePage);
     return decoder.decode(bytes);
 }

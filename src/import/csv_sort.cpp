@@ -97,12 +97,24 @@ void CsvSortKeys::Sort(const Run& run) {
     if (!std::is_sorted(first, end)) std::sort(first, end);
 }
 
+qsizetype CsvSortKeys::CommonOffset(const Run& run) const {
+    QStringView common = TextAt(m_keys[run.first].place).sliced(run.offset);
+    for (std::size_t index = run.first + 1; index < run.end && !common.isEmpty(); ++index) {
+        const QStringView text = TextAt(m_keys[index].place).sliced(run.offset);
+        const auto* const end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
+        common = common.first(end - common.begin());
+    }
+    return run.offset + common.size();
+}
+
 // Only keys that are the same so far are looked at again, further on in their texts.
 void CsvSortKeys::SortTexts() {
-    std::vector<Run> runs{{0, m_keys.size(), 0}};
+    std::vector<Run> runs;
+    if (!m_keys.empty()) runs.push_back({0, m_keys.size(), 0});
     while (!runs.empty()) {
-        const Run run = runs.back();
+        Run run = runs.back();
         runs.pop_back();
+        run.offset = CommonOffset(run);
         for (std::size_t index = run.first; index < run.end; ++index)
             m_keys[index].lead = TextLead(TextAt(m_keys[index].place).sliced(run.offset));
         Sort(run);

@@ -40,6 +40,7 @@ class CsvSortKeys {
     };
 
     [[nodiscard]] QStringView TextAt(std::uint32_t place) const;
+    [[nodiscard]] qsizetype CommonOffset(const Run& run) const;  // up to which the texts are in fact the same
     void Sort(const Run& run);
     void SortTexts();
     void SplitRun(const Run& run, std::vector<Run>& runs) const;

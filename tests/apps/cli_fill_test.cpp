@@ -123,7 +123,7 @@ TEST_F(CliFill, UnknownPagesNamesAndDesignsAreErrorsAndNothingIsWritten) {
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err, std::string("error: ") + text + "\n");
         EXPECT_FALSE(QFile::exists(Path(S("out.aff"))));
-        Fill(arguments + QStringList{S("--save"), S("a.aff")});
+        EXPECT_EQ(Fill(arguments + QStringList{S("--save"), S("a.aff")}).status, 1);
         EXPECT_EQ(Read(S("a.aff")), before);
     }
 }

@@ -1,6 +1,10 @@
 #include "apps/cli_test.h"
 #include "support/form_text.h"
 
+#include <QDirIterator>
+
+#include <memory>
+
 namespace sheetwright {
 
 namespace {
@@ -144,7 +148,7 @@ TEST_F(CliUsage, NoTemporaryFileIsLeft) {
                                   {S("check"), S("a.aff")},
                                   {S("fill"), S("a.aff"), S("--set"), S("9:A=1"), S("--save"), S("b.aff")},
                                   {S("fill"), S("a.aff"), S("--save"), S("b.aff")}})
-        Run(arguments);
+        EXPECT_NE(Run(arguments).status, -1);
     EXPECT_EQ(LeftOvers(), QStringList());
 }
 
@@ -160,12 +164,27 @@ TEST_F(CliUsage, AnInterruptedCallLeavesNoTemporaryFile) {
     Prepare(process, {S("fill"), S("a.aff")}, S("C.UTF-8"));
     process.start();
     ASSERT_TRUE(process.waitForStarted());
-    while (LeftOvers().isEmpty() && process.state() == QProcess::Running)
+    const auto isUnpacked = [&] {
+        QDirIterator files(Path(S("tmp")), {S("a.aff")}, QDir::Files, QDirIterator::Subdirectories);
+        return files.hasNext();
+    };
+    while (!isUnpacked() && process.state() == QProcess::Running)
         process.waitForReadyRead(1);
     process.terminate();
     ASSERT_TRUE(process.waitForFinished(60'000));
     EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
     EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliUsage, OutputThatCanNotBeWrittenIsAnError) {
+    Write(S("a.aff"), OneField());
+    QProcess process;
+    Prepare(process, {S("values"), S("a.aff")}, S("C.UTF-8"));
+    process.setStandardOutputFile(S("/dev/full"));
+    process.start();
+    const CliResult result = ResultOf(process);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "error: standard output can't be written\n");
 }
 
 TEST_F(CliUsage, SeveralCallsAtOnceDoNotDisturbOneAnother) {

@@ -65,7 +65,7 @@ TEST_F(SettingsTest, ApplicationsAreApart) {
               QStringLiteral("1"));
     EXPECT_EQ(settings.Read(QStringLiteral("../Two/x"), QStringLiteral("S"), QStringLiteral("K")),
               QStringLiteral("2"));
-    EXPECT_EQ(QDir(m_folder.path()).entryList({QStringLiteral("*.ini")}).size(), 2);
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
 }
 
 TEST_F(SettingsTest, StoreThatCantBeWrittenIsNoFailure) {

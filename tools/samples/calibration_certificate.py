@@ -140,8 +140,8 @@ def _readings():
                   ("Points", "Passed", "Failed", "Open"), "Whole instrument (last page)",
                   f.equal(f.ref(CERTIFICATE, "Conditions"), f.word("In order")))
     page.label(MARGIN, 12135, 10200, 660, "A reading with > or < was reported as over or under range. It passes when that "
-               "agrees with what was applied, and has no error in numbers. Errors and tolerances are in the unit of the "
-               "range, rounded to three places; the verdict compares them as they are printed.", size=8, color=MUTED)
+               "agrees with what was applied, and has no error in numbers. Errors are in the unit of the range, rounded to three "
+               "places; tolerances are cut to three. The verdict compares them as they are printed.", size=8, color=MUTED)
     page.section(MARGIN, 13020, 10200, "Remarks", MAROON_STYLE.light, MAROON_STYLE.dark)
     page.outline(MARGIN, 13350, 10200, 1680)
     page.field("Remarks", MARGIN + 45, 13380, 10110, 1620, wrap=True)
@@ -199,9 +199,12 @@ def _error_percent(own):
 
 
 def _tolerance(own):
+    """Cut to three places, so that what is printed never allows more than what was agreed."""
     percent, fixed = (f.ref(READING_PAGE, name) for name in ("Tolerance Percent", "Tolerance Fixed"))
     allowed = f.call("ADD", f.call("PERCENTAGEOF", percent, f.magnitude(own["Applied"])), fixed)
-    return f.set_me(f.if_(f.is_number(own["Applied"], signed=True), f.fixed(allowed, 3), f.EMPTY))
+    thousandths = f.call("TRUNCATE", f.call("MULTIPLY", allowed, 1000))
+    written = f.fixed(f.call("DIVIDE", thousandths, 1000), 3)
+    return f.set_me(f.if_(f.is_number(own["Applied"], signed=True), written, f.EMPTY))
 
 
 def _used(own):

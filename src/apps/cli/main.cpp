@@ -80,7 +80,8 @@ int RunVerb(const Verb& verb, const QStringList& arguments) {
     Session session(QCoreApplication::applicationDirPath());
     const int result = RunGuarded(session, verb, line);
     if (session.Out().Flush()) return result;
-    ConsoleUserInterface::PrintError(QStringLiteral("standard output can't be written"));
+    if (!session.Out().IsReaderGone())
+        ConsoleUserInterface::PrintError(QStringLiteral("standard output can't be written"));
     return status::kFailed;
 }
 

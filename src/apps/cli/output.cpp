@@ -1,5 +1,6 @@
 #include "apps/cli/output.h"
 
+#include <cerrno>
 #include <cstdio>
 
 namespace sheetwright::cli {
@@ -36,13 +37,15 @@ QString Unescaped(QStringView text, qsizetype at) {
 
 void Output::Line(QStringView text) {
     m_pending += text.toUtf8() + '\n';
-    if (m_pending.size() >= kHeldBack) m_isWhole = Flush();
+    if (m_pending.size() >= kHeldBack) (void)Flush();
 }
 
 bool Output::Flush() {
     const auto size = static_cast<std::size_t>(m_pending.size());
-    if (std::fwrite(m_pending.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+    if (std::fwrite(m_pending.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0) {
+        m_isReaderGone = m_isReaderGone || errno == EPIPE;
         m_isWhole = false;
+    }
     m_pending.clear();
     return m_isWhole;
 }

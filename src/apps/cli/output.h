@@ -15,9 +15,13 @@ class Output {
     // Writes what is still held back. Returns false when anything could not be written, now or before.
     [[nodiscard]] bool Flush();
 
+    // Whether the reader of a pipe has had enough and gone, which is nobody's error.
+    [[nodiscard]] bool IsReaderGone() const { return m_isReaderGone; }
+
   private:
     QByteArray m_pending;
     bool m_isWhole = true;
+    bool m_isReaderGone = false;
 };
 
 // `text` on one line: tab, line break (CR LF, CR or LF) and backslash as `\t`, `\n` and `\\`.

@@ -1,6 +1,7 @@
 #include "apps/cli/scratch_folder.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <unistd.h>
 
@@ -11,8 +12,8 @@ namespace sheetwright::cli {
 
 namespace {
 
-// The ending signals, without those that whoever started this process has it ignore.
-sigset_t EndingSignals() {
+// Blocks the signals that end a process, without those that whoever started this one has it ignore.
+sigset_t BlockEndingSignals() {
     sigset_t ending;
     sigemptyset(&ending);
     for (const int number : {SIGHUP, SIGINT, SIGTERM}) {
@@ -20,14 +21,19 @@ sigset_t EndingSignals() {
         sigaction(number, nullptr, &action);
         if (action.sa_handler != SIG_IGN) sigaddset(&ending, number);
     }
+    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
     return ending;
 }
 
-// Waits for an ending signal, removes the folder, and lets the signal have its way.
+// Waits for an ending signal, removes the folder, and lets the signal have its way. Work may still go on in
+// the folder meanwhile.
 [[noreturn]] void AwaitEnd(const sigset_t& ending, const QString& folder) {
+    constexpr int kAttempts = 100;
     int number = SIGTERM;
     sigwait(&ending, &number);
-    QDir(folder).removeRecursively();
+    // An empty name would be the current folder.
+    for (int attempt = 0; attempt < kAttempts && !folder.isEmpty() && QFileInfo::exists(folder); ++attempt)
+        QDir(folder).removeRecursively();
     std::signal(number, SIG_DFL);
     pthread_sigmask(SIG_UNBLOCK, &ending, nullptr);
     kill(getpid(), number);
@@ -36,11 +42,10 @@ sigset_t EndingSignals() {
 
 }  // namespace
 
-ScratchFolder::ScratchFolder() : m_folder(QDir::tempPath() + QStringLiteral("/sheetwright-XXXXXX")) {
+ScratchFolder::ScratchFolder()
+    : m_ending(BlockEndingSignals()), m_folder(QDir::tempPath() + QStringLiteral("/sheetwright-XXXXXX")) {
     std::signal(SIGPIPE, SIG_IGN);
-    const sigset_t ending = EndingSignals();
-    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
-    std::thread([ending, folder = m_folder.path()] { AwaitEnd(ending, folder); }).detach();
+    std::thread([ending = m_ending, folder = m_folder.path()] { AwaitEnd(ending, folder); }).detach();
 }
 
 }  // namespace sheetwright::cli

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <csignal>
+
 namespace sheetwright::cli {
 
 class ScratchFolder {
@@ -22,6 +24,7 @@ class ScratchFolder {
     [[nodiscard]] QString Path() const { return m_folder.path() + QLatin1Char('/'); }
 
   private:
+    sigset_t m_ending;  // blocked before there is a folder to leave behind
     QTemporaryDir m_folder;
 };
 
