@@ -45,6 +45,7 @@ Application::Application(const QString& title, const QString& installFolder, Set
       ReportMode(HasWord(title, QStringLiteral("report"))),
       InstallFolder(WithTrailingSeparator(installFolder)),
       WritableFolder(WritableFolderFor(InstallFolder)),
+      LogFolder(WritableFolder),
       settings(std::move(userSettings)),
       ui(userInterface) {}
 
@@ -54,7 +55,8 @@ QString Application::TipIdentity() const {
 
 void Application::LoadDictionary(const QString& path) {
     conventions = ConventionsOf(QLocale::system());
-    Ignoring([&] { dictionary.Load(path); });
+    if (!FileExists(path) || Ignoring([&] { dictionary.Load(path); })) return;
+    Title = Translate(Title);
 }
 
 void Application::LoadLanguage() {

@@ -36,7 +36,8 @@ class Application {
     bool ReportMode;         // the title holds "report", in any case: driven by a host only
     QString InstallFolder;   // with trailing separator
     QString WritableFolder;  // the install folder where it is writable, otherwise the user's data folder;
-                             // with trailing separator. TEMP and errors.csv lie there.
+                             // with trailing separator. TEMP lies there.
+    QString LogFolder;       // where errors.csv lies: the writable folder; with trailing separator
     QString CurrentTempDir;  // with trailing separator; follows the document that has the focus
     std::int16_t CurrentOrientation = 1;
     std::int16_t CurrentPaperSize = 9;
@@ -51,13 +52,14 @@ class Application {
     // "Dunmorrow" in viewer mode, else "SHEETWRIGHT": the key under which the tip dialog keeps its place.
     [[nodiscard]] QString TipIdentity() const;
 
-    // Refreshes the conventions from the system's locale, then opens a dictionary. The one that is open stays
-    // when there is no such file or it can't be read.
+    // Refreshes the conventions from the system's locale, then opens a dictionary and makes its translation
+    // of the title the title. The one that is open and the title stay when there is no such file or it can't
+    // be read. Raises 9 for a dictionary of one column that has the title.
     void LoadDictionary(const QString& path);
 
     // Loads "Sheetwright.DIC" from the install folder if it is there, and makes the translation of the title
     // the title: a translated installation keeps its settings apart from an untranslated one. Raises 9 for a
-    // dictionary of one column.
+    // dictionary of one column that has the title.
     void LoadLanguage();
 
     // Loads "papersizes.csv" from the install folder; without that file the table has no columns.

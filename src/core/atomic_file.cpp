@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,6 +46,29 @@ int CreationFailure(int error) {
     return isRefused ? failure::kPathAccess : number;
 }
 
+// Two programs may save the same file at the same moment. Each holds its own file beside, so that neither
+// takes the other's unfinished one for a left-over of a crash.
+bool TryHold(int handle) {
+    return ::flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+void RemoveLeftOver(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    const int handle = ::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    const bool isFree = handle < 0 || TryHold(handle);
+    if (isFree) ::unlink(name.constData());
+    if (handle >= 0) ::close(handle);
+    if (!isFree) throw Failure(failure::kPermissionDenied);
+}
+
+// Whether the name still leads to the file that was opened.
+bool IsInPlace(int handle, const QString& path) {
+    struct stat opened {};
+    const std::optional<struct stat> present = StatusOf(path);
+    return ::fstat(handle, &opened) == 0 && present && opened.st_dev == present->st_dev &&
+           opened.st_ino == present->st_ino;
+}
+
 }  // namespace
 
 NewFile::NewFile(const QString& path)
@@ -78,12 +102,14 @@ AtomicFile::AtomicFile(const QString& target, const QString& suffix)
     : m_target(BehindLinks(OnDisk(target))), m_beside(m_target + suffix) {
     const std::optional<struct stat> old = StatusOf(m_target);
     if (old && !S_ISREG(old->st_mode)) throw Failure(failure::kPathAccess);
-    ::unlink(QFile::encodeName(m_beside).constData());
+    RemoveLeftOver(m_beside);
     m_file.emplace(m_beside);
+    if (!TryHold(m_file->Handle())) throw Failure(failure::kPermissionDenied);
 }
 
 AtomicFile::~AtomicFile() {
-    if (!m_isInPlace) ::unlink(QFile::encodeName(m_beside).constData());
+    if (!m_isInPlace && IsInPlace(m_file->Handle(), m_beside))
+        ::unlink(QFile::encodeName(m_beside).constData());
 }
 
 void AtomicFile::Replace() {
@@ -93,6 +119,7 @@ void AtomicFile::Replace() {
         if (::fchown(m_file->Handle(), old->st_uid, old->st_gid) != 0) errno = 0;
         if (::fchmod(m_file->Handle(), old->st_mode & 07777) != 0) throw Failure(FailureNumberOfErrno(errno));
     }
+    if (!IsInPlace(m_file->Handle(), m_beside)) throw Failure(failure::kPermissionDenied);
     ReplaceFile(m_beside, m_target);
     m_isInPlace = true;
 }

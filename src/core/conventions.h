@@ -26,7 +26,8 @@ struct TruthWords {
 };
 
 // Work out the short date order and the decimal separator of `conventions.locale`. A locale whose short date
-// is not numeric (the C locale has month names) gets the mask "D/M/C".
+// is not numeric (the C locale has month names) gets the mask "D/M/C". Digits of any script count; what
+// stands behind the last part, and all but the first character of a separator, does not.
 void InitDateMask(Conventions& conventions);
 void InitDecimalSeparator(Conventions& conventions);
 

@@ -2,21 +2,32 @@
 
 #include "core/application.h"
 #include "core/paths.h"
+#include "core/text.h"
 #include "formula/value_conversion.h"
 #include "import/csv_syntax.h"
 #include "import/csv_table.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <sys/file.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 
 namespace sheetwright {
 
 namespace {
 
-constexpr QByteArrayView kHeader = "Date,Time,Application,Sub,Error,Additional\r\n";
+constexpr char kHeader[] = "Date,Time,Application,Sub,Error,Additional\r\n";
+constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
+constexpr int kPatience = 1000;  // milliseconds for which another process may hold the log
 
 struct LogField {
     QString column;
@@ -51,25 +62,70 @@ QString LineOf(const LogRow& row) {
     return fields.join(u',') + QStringLiteral("\r\n");
 }
 
-// A log as this program leaves it, at whose end a line can simply be added.
-bool IsPlainLog(QFile& file) {
-    if (!file.seek(0) || file.read(kHeader.size()) != kHeader) return false;
-    return file.seek(file.size() - 1) && file.read(1) == "\n";
+// Whether this process now is the only one to hold the file. Where the system can't hold files, everybody
+// may.
+bool TryHold(const QFile& file) {
+    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
 }
 
-// Adds the row without reading the rows before it: a form with a hundred thousand broken lines writes as
-// many. False when the log is new, or other hands have been at it, or its encoding matters.
-bool TryAppend(const QString& path, const LogRow& row) {
-    const QString line = LineOf(row);
-    QFile file(OnDisk(path));
-    const auto mode =
-        QIODevice::ReadWrite | QIODevice::Append | QIODevice::ExistingOnly | QIODevice::Unbuffered;
-    if (!IsAscii(line) || !file.open(mode) || !IsPlainLog(file)) return false;
-    const qint64 oldSize = file.size();
-    if (file.write(line.toLatin1()) == line.size()) return true;
-    file.resize(oldSize);
-    throw Failure(failure::kDiskFull);
+// Not when another process has put a new file in the place of the one that was opened.
+bool IsInPlace(const QFile& file) {
+    struct stat opened {};
+    struct stat present {};
+    return ::fstat(file.handle(), &opened) == 0 &&
+           ::stat(QFile::encodeName(file.fileName()).constData(), &present) == 0 &&
+           opened.st_dev == present.st_dev && opened.st_ino == present.st_ino;
 }
+
+// The log as long as no other process writes to it: several may run from one installation.
+class HeldLog {
+  public:
+    // Makes the file when it is not there. Raises 75 (no plain file, or no access), 76 (no such folder) and
+    // 70 (held by another process for too long).
+    explicit HeldLog(const QString& path) : m_file(OnDisk(path)) {
+        const QDeadlineTimer patience(kPatience);
+        while (!TryOpen()) {
+            if (patience.hasExpired()) throw Failure(failure::kPermissionDenied);
+            QThread::msleep(1);
+        }
+    }
+
+    [[nodiscard]] bool IsEmpty() const { return m_file.size() == 0; }
+
+    // Begins with a byte-order mark: text of any language can be added.
+    [[nodiscard]] bool HasMark() { return HasAt(0, kUtf8Mark); }
+
+    // A log as this program leaves it, at whose end a line can simply be added.
+    [[nodiscard]] bool IsPlain() {
+        const qint64 start = HasMark() ? QByteArrayView(kUtf8Mark).size() : 0;
+        return HasAt(start, kHeader) && HasAt(m_file.size() - 1, "\n");
+    }
+
+    // Raises 61; then the log is as it was.
+    void Append(const QByteArray& bytes) {
+        const qint64 oldSize = m_file.size();
+        if (m_file.write(bytes) == bytes.size()) return;
+        m_file.resize(oldSize);
+        throw Failure(failure::kDiskFull);
+    }
+
+  private:
+    bool HasAt(qint64 place, QByteArrayView bytes) {
+        return m_file.seek(place) && m_file.read(bytes.size()) == bytes;
+    }
+
+    bool TryOpen() {
+        m_file.close();
+        const QFileInfo info(m_file.fileName());
+        if (!info.dir().exists()) throw Failure(failure::kPathNotFound);
+        const bool isRefused = info.exists() && !(info.isFile() && info.permission(QFile::WriteOwner));
+        const auto mode = QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered;
+        if (isRefused || !m_file.open(mode)) throw Failure(failure::kPathAccess);
+        return TryHold(m_file) && IsInPlace(m_file);
+    }
+
+    QFile m_file;
+};
 
 void AddThroughTable(const QString& path, const LogRow& row) {
     CsvTable table;
@@ -83,12 +139,32 @@ void AddThroughTable(const QString& path, const LogRow& row) {
     table.Save();
 }
 
+// From then on the log has the mark, so that the next row of this kind need not read those before it.
+void AddAsUtf8(const QString& path, const QString& line) {
+    WriteFileAtomically(path, kUtf8Mark + (DecodeFileText(ReadWholeFile(path)) + line).toUtf8());
+}
+
+// Adds the row, where it can, without reading the rows before it: a form with a hundred thousand broken lines
+// writes as many. Not when other hands have been at the log, or the row is the first that is not ASCII.
+void AddRow(const QString& path, const LogRow& row) {
+    HeldLog log(path);
+    const QString line = LineOf(row);
+    const bool isAscii = IsAscii(line);
+    if (log.IsEmpty()) {
+        log.Append(QByteArray(isAscii ? "" : kUtf8Mark) + kHeader + line.toUtf8());
+    } else if (!log.IsPlain()) {
+        AddThroughTable(path, row);
+    } else if (isAscii || log.HasMark()) {
+        log.Append(line.toUtf8());
+    } else {
+        AddAsUtf8(path, line);
+    }
+}
+
 }  // namespace
 
 void LogError(const Application& application, const QString& sub, const QString& additional, int number) {
-    const QString path = application.WritableFolder + QStringLiteral("errors.csv");
-    const LogRow row = RowOf(application, sub, additional, number);
-    if (!TryAppend(path, row)) AddThroughTable(path, row);
+    AddRow(application.LogFolder + QStringLiteral("errors.csv"), RowOf(application, sub, additional, number));
 }
 
 }  // namespace sheetwright

@@ -51,10 +51,13 @@ bool IsOnRemovableDisk(const QString& path) {
            path.startsWith(QStringLiteral("b:"), Qt::CaseInsensitive);
 }
 
+// What a crash left under the name of the probe goes first: were it a link, writing would follow it, and a
+// pipe would never open.
 bool CanWriteInto(const QString& folder) {
     if (folder.isEmpty()) return false;
     QFile probe(WithTrailingSeparator(OnDisk(folder)) + QStringLiteral("test.write"));
-    if (!probe.open(QIODevice::WriteOnly)) return false;
+    probe.remove();
+    if (!probe.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return false;
     const bool isWritten = probe.write("test") == 4 && probe.flush();
     return probe.remove() && isWritten;
 }
@@ -65,10 +68,12 @@ bool IsNumeric(const QString& name) {
     });
 }
 
-// Whether `path`, with "/" between its components and at its end, is a folder somewhere below a TEMP.
+// Whether the path itself, however the disk spells it, is that of a folder somewhere below a TEMP.
 bool IsBelowTemp(const QString& path) {
-    return path.contains(QStringLiteral("TEMP/")) &&
-           !path.endsWith(QStringLiteral("temp/"), Qt::CaseInsensitive);
+    QString plain = path;
+    plain = QDir::cleanPath(plain.replace(u'\\', u'/')) + u'/';
+    return plain.contains(QStringLiteral("TEMP/")) &&
+           !plain.endsWith(QStringLiteral("temp/"), Qt::CaseInsensitive);
 }
 
 }  // namespace
@@ -136,9 +141,9 @@ QString MakeTempDirectory(Application& application, const QString& wanted,
     const QString root = TempRoot(application);
     const QDir rootOnDisk(OnDisk(root));
     rootOnDisk.mkpath(QStringLiteral("."));
-    if (CanWriteInto(wanted) || CanWriteInto(root)) {
+    if (CanWriteInto(wanted)) {
         RemoveTempDirectory(wanted);
-    } else {
+    } else if (!CanWriteInto(root)) {
         application.ui.ShowMessage(
             application.Translate(QStringLiteral("Cannot write to Temporary Directory")), application.Title,
             MessageIcon::Exclamation);
@@ -152,9 +157,8 @@ QString MakeTempDirectory(Application& application, const QString& wanted,
 }
 
 void RemoveTempDirectory(const QString& path) {
-    if (path.isEmpty()) return;
+    if (path.isEmpty() || !IsBelowTemp(path)) return;
     const QString onDisk = QDir::cleanPath(OnDisk(path));
-    if (!IsBelowTemp(onDisk + u'/')) return;
     QDir directory(onDisk);
     if (!directory.entryList({QStringLiteral("*.exe")}, kAllFiles).isEmpty()) return;
     for (const QString& name : directory.entryList(kAllFiles))

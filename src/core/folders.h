@@ -47,9 +47,9 @@ class RememberedFolders {
 void SweepTempDirectories(Application& application);
 
 // A fresh directory below TEMP, with trailing separator, named by a random number of eight digits; no two
-// documents share one. The directory at `wanted`, the one that the document used before (if any), is removed.
-// When neither it nor TEMP can be written, shows "Cannot write to Temporary Directory" and gives a path at
-// which there may be no directory. `draw` gives the random numbers, from 0 to 99,999,999.
+// documents share one. The directory at `wanted`, the one that the document used before (if any), is removed
+// when it can be written; when neither it nor TEMP can, shows "Cannot write to Temporary Directory" and gives
+// a path at which there may be no directory. `draw` gives the random numbers, from 0 to 99,999,999.
 [[nodiscard]] QString MakeTempDirectory(Application& application, const QString& wanted);
 [[nodiscard]] QString MakeTempDirectory(Application& application, const QString& wanted,
                                         const std::function<std::uint32_t()>& draw);

@@ -23,8 +23,15 @@ QString ClaimPath(const QString& program) {
            QStringLiteral(".lock");
 }
 
-// Without a holder, the lock is what a process left that crashed before it had written its name, or none can
-// be made.
+// Removes a lock file that no process holds open. The process that it names is no proof: its number may have
+// been given anew, and the host renamed, since it crashed. The guard keeps two programs that start at a time
+// from removing each other's.
+void RemoveAbandoned(QLockFile& lock, const QString& path) {
+    QLockFile guard(path + QStringLiteral(".removal"));
+    if (guard.tryLock()) lock.removeStaleLockFile();
+}
+
+// Without a holder, no claim can be written down.
 bool HasHolder(const QLockFile& lock) {
     qint64 process = 0;
     QString host;
@@ -38,11 +45,11 @@ InstanceClaim::InstanceClaim() = default;
 InstanceClaim::~InstanceClaim() = default;
 
 bool InstanceClaim::Take(const QString& program) {
-    m_lock = std::make_unique<QLockFile>(ClaimPath(program));
+    const QString path = ClaimPath(program);
+    m_lock = std::make_unique<QLockFile>(path);
     m_lock->setStaleLockTime(kNeverStaleByAge);
     if (m_lock->tryLock()) return true;
-    if (HasHolder(*m_lock)) return false;
-    m_lock->removeStaleLockFile();
+    RemoveAbandoned(*m_lock, path);
     return m_lock->tryLock() || !HasHolder(*m_lock);
 }
 

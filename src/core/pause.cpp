@@ -20,11 +20,10 @@ double RestedClock() {
 void Pause(double seconds, UserInterface& ui, const std::function<double()>& timer) {
     const std::function<double()> clock = timer ? timer : RestedClock;
     const double start = clock();
-    double now = start;
+    const auto isWaiting = [&](double now) { return now >= start && now <= start + seconds; };
     do {
         ui.PumpMessages();
-        now = clock();
-    } while (now >= start && now <= start + seconds);
+    } while (isWaiting(clock()));
 }
 
 }  // namespace sheetwright

@@ -14,13 +14,15 @@ QString AdditionalText(const Failure& caught) {
     return caught.Text() == FailureText(caught.Number()) ? QString() : caught.Text();
 }
 
-// In English when the failure is the dictionary's own.
+// In English when the failure is the dictionary's own. A text that held the separator of parameters would be
+// cut there.
 QString MessageOf(const Application& application, const Failure& caught) {
+    const QChar separator(u'\u00A6');
     const QString number = QString::number(caught.Number());
     QString message = number + QStringLiteral(": ") + caught.Text();
     Ignoring([&] {
-        message =
-            application.Translate(QStringLiteral("Error %1: %2"), number + QChar(u'\u00A6') + caught.Text());
+        const QString parameters = number + separator + QString(caught.Text()).replace(separator, u'|');
+        message = application.Translate(QStringLiteral("Error %1: %2"), parameters);
     });
     return message;
 }

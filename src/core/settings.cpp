@@ -25,7 +25,7 @@ Settings::Settings()
     : Settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                QStringLiteral("/sheetwright")) {}
 
-Settings::Settings(QString folder) : m_folder(WithTrailingSeparator(folder)) {}
+Settings::Settings(const QString& folder) : m_folder(WithTrailingSeparator(folder)) {}
 
 QString Settings::FileOf(const QString& application) const {
     return m_folder + QString::fromLatin1(QUrl::toPercentEncoding(application, " ")) + QStringLiteral(".ini");

@@ -11,7 +11,7 @@ class Settings {
   public:
     // Settings below `folder`; the default is the user's configuration folder.
     Settings();
-    explicit Settings(QString folder);
+    explicit Settings(const QString& folder);
 
     [[nodiscard]] QString Read(const QString& application, const QString& section, const QString& key,
                                const QString& fallback = QString()) const;

@@ -14,12 +14,13 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <optional>
 
 namespace sheetwright {
 
 namespace {
 
-constexpr qint64 kPiece = 256 * 1024;  // bytes that are copied or compared at a time
+constexpr qint64 kPiece = 256LL * 1024;  // bytes that are copied or compared at a time
 constexpr QByteArrayView kUtf8Mark("\xEF\xBB\xBF");
 constexpr QByteArrayView kVersionWord("VERSION");
 
@@ -42,7 +43,7 @@ class Staging {
     explicit Staging(const QString& destination)
         : m_destination(WithTrailingSeparator(OnDisk(destination))),
           m_folder(m_destination + QStringLiteral("unpack-XXXXXX")) {
-        if (m_folder.isValid()) return;
+        if (m_folder.isValid() && !m_destination.isEmpty()) return;
         throw Failure(QFileInfo(m_destination).isDir() ? failure::kPathAccess : failure::kPathNotFound);
     }
 

@@ -13,7 +13,7 @@ namespace sheetwright {
 
 namespace {
 
-constexpr std::size_t kPiece = 256 * 1024;  // bytes that are unpacked at a time
+constexpr std::size_t kPiece = 256UL * 1024;  // bytes that are unpacked at a time
 
 // What the "made by" system keeps in the upper half of a member's attributes.
 constexpr zip_uint32_t kUnixTypeMask = 0170000;

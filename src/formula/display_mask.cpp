@@ -45,7 +45,7 @@ std::optional<Moment> MomentOfDays(double days) {
     constexpr qint64 kSecondsOfDay = 86400;
     const double day = std::trunc(days);
     const qint64 seconds = std::llround(std::abs(days - day) * kSecondsOfDay);
-    const double rounded = day + static_cast<double>(seconds / kSecondsOfDay);
+    const double rounded = seconds < kSecondsOfDay ? day : day + 1;
     if (rounded < kFirstDay || rounded > kLastDay) return std::nullopt;
     const int milliseconds = static_cast<int>(seconds % kSecondsOfDay) * 1000;
     return Moment{EmptyDate().addDays(static_cast<qint64>(rounded)),
@@ -153,7 +153,7 @@ constexpr std::array kDateMasks{
 template <typename Masks>
 auto Named(const Masks& masks, QStringView name) {
     const auto* found = std::find_if(masks.begin(), masks.end(), [name](const auto& mask) {
-        return mask.name.compare(name, Qt::CaseInsensitive) == 0;
+        return mask.name.size() == name.size() && mask.name.compare(name, Qt::CaseInsensitive) == 0;
     });
     return found == masks.end() ? nullptr : found->show;
 }

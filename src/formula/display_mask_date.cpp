@@ -180,16 +180,18 @@ constexpr std::array kParts{
     MaskPart{u"c", General},
 };
 
+QChar Folded(QChar letter) {
+    return letter >= u'A' && letter <= u'Z' ? QChar(letter.unicode() | 0x20) : letter;
+}
+
 bool StartsWith(MaskSection section, const MaskPart& part) {
-    const auto length = static_cast<std::size_t>(part.letters.size());
-    if (section.size() < length) return false;
-    return std::equal(part.letters.begin(), part.letters.end(), section.begin(),
-                      [&part](QChar letter, const MaskCharacter& here) {
-                          if (here.isFixed) return false;
-                          return part.sensitivity == Qt::CaseSensitive
-                                     ? here.character == letter
-                                     : here.character.toLower() == letter.toLower();
-                      });
+    const auto isSame = [&part](QChar letter, const MaskCharacter& here) {
+        if (here.isFixed) return false;
+        return letter == here.character ||
+               (part.sensitivity == Qt::CaseInsensitive && Folded(letter) == Folded(here.character));
+    };
+    return section.size() >= static_cast<std::size_t>(part.letters.size()) &&
+           std::equal(part.letters.begin(), part.letters.end(), section.begin(), isSame);
 }
 
 const MaskPart* PartAt(MaskSection section) {

@@ -215,7 +215,7 @@ QString FormatNumber(double number, const std::vector<MaskSection>& sections,
 
 QString FormatCurrency(double number, const Conventions& conventions) {
     const std::vector<MaskCharacter> mask = ReadMask(u"#,##0.00");
-    const QString amount = FormatNumber(std::abs(number), SplitSections(mask), conventions);
+    QString amount = FormatNumber(std::abs(number), SplitSections(mask), conventions);
     const bool isNegative = number < 0 && std::any_of(amount.begin(), amount.end(), [](QChar character) {
                                 return character >= u'1' && character <= u'9';
                             });

@@ -91,7 +91,7 @@ QString TrimmedNormalisedText(Evaluator& evaluator, const Value& value) {
     return WithTruthAsNumber(evaluator.Context().words, TrimBlanks(text).toString());
 }
 
-QString StampedText(Evaluator& evaluator, QString text) {
+QString StampedText(Evaluator& evaluator, const QString& text) {
     const Conventions& conventions = ConventionsIn(evaluator);
     return IsDateText(text, conventions) ? DateToStamp(text, conventions) : text;
 }

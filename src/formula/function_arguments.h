@@ -69,7 +69,7 @@ class RepeatedArgument {
 [[nodiscard]] QString NormalisedText(Evaluator& evaluator, const Value& value);
 [[nodiscard]] QString TrimmedNormalisedText(Evaluator& evaluator, const Value& value);
 // The text, or its stamp when it is a date.
-[[nodiscard]] QString StampedText(Evaluator& evaluator, QString text);
+[[nodiscard]] QString StampedText(Evaluator& evaluator, const QString& text);
 
 // The number itself, a negative zero as zero. Raises 6 for one beyond the range of a Double.
 [[nodiscard]] double Finite(double number);

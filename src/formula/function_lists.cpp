@@ -63,6 +63,7 @@ std::vector<KeyPair> ReadKeyPairs(ArgumentReader& reader) {
 
 std::vector<KeyColumn> KeyColumnsOf(CsvTable& list, const std::vector<KeyPair>& pairs) {
     std::vector<KeyColumn> columns;
+    columns.reserve(pairs.size());
     for (const KeyPair& pair : pairs)
         columns.push_back({list.Columns().At(pair.field), pair.value});
     return columns;

@@ -9,7 +9,7 @@ namespace sheetwright {
 namespace {
 
 // Far beyond what a field can hold. A formula that doubles its own text again and again ends here.
-constexpr qsizetype kMaxTextLength = 4 * 1024 * 1024;
+constexpr qsizetype kMaxTextLength = 4'000'000;
 
 }  // namespace
 

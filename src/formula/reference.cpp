@@ -18,6 +18,23 @@ QString FieldText(QStringView line, int number, const Conventions& conventions) 
     return TextOf(field, conventions);
 }
 
+// Whether both fields of a reference are their own text: nothing is quoted, and no text that begins with a
+// letter is a number. Nearly every reference is like that, and then costs no conversion.
+bool IsTakenAsItStands(QStringView inside, qsizetype comma) {
+    if (comma < 0 || comma + 1 == inside.size() || inside.contains(u'"')) return false;
+    const char16_t first = inside[comma + 1].unicode() | 0x20;
+    return first >= u'a' && first <= u'z';
+}
+
+Reference PartsOf(QStringView inside, const Conventions& conventions) {
+    const qsizetype comma = inside.indexOf(u',');
+    if (!IsTakenAsItStands(inside, comma))
+        return {FieldText(inside, 1, conventions), FieldText(inside, 2, conventions)};
+    const qsizetype end = inside.indexOf(u',', comma + 1);
+    return {inside.first(comma).toString(),
+            inside.sliced(comma + 1, (end < 0 ? inside.size() : end) - comma - 1).toString()};
+}
+
 // The page being computed when it has the design, otherwise the last page that has it; 0 for none.
 std::int16_t PageToRead(const EvaluationContext& context, std::int16_t design) {
     const MemoryBlock& memory = context.memory;
@@ -55,7 +72,7 @@ Value ResolveDriver(const EvaluationContext& context, const Reference& reference
 Reference ParseReference(QStringView expression, const Conventions& conventions) {
     if (expression.size() < 2) throw Failure(failure::kInvalidCall);
     const QStringView inside = expression.sliced(1, expression.size() - 2);
-    Reference reference{FieldText(inside, 1, conventions), 0, FieldText(inside, 2, conventions)};
+    Reference reference = PartsOf(inside, conventions);
     reference.groupLength = reference.path.indexOf(u'\\');
     if (reference.groupLength < 0) throw Failure(failure::kInvalidCall);
     return reference;

@@ -15,8 +15,8 @@ namespace sheetwright {
 
 struct Reference {
     QString path;  // "GROUP\subject"
-    qsizetype groupLength = 0;
     QString field;
+    qsizetype groupLength = 0;
 
     [[nodiscard]] QStringView Group() const { return QStringView(path).first(groupLength); }
     [[nodiscard]] QStringView Subject() const { return QStringView(path).sliced(groupLength + 1); }

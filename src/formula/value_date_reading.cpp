@@ -131,31 +131,42 @@ std::optional<QDate> DateOf(const DatePart& year, int month, int day) {
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
-// The order of the system's short date as three letters, with "C" for any year.
-QString DateOrder(const Conventions& conventions) {
-    QString order;
-    for (const QChar letter : conventions.SystemDateMask) {
-        const QChar role = letter == u'Y' ? u'C' : letter;
-        if (QStringView(u"DMC").contains(role) && !order.contains(role)) order += role;
-    }
-    return order.size() == 3 ? order : QStringLiteral("DMC");
+// The places, from 0, of the three parts of a date.
+struct DateOrder {
+    qsizetype day = 0;
+    qsizetype month = 1;
+    qsizetype year = 2;
+};
+
+// The order of the system's short date.
+DateOrder SystemOrder(const Conventions& conventions) {
+    const QString& mask = conventions.SystemDateMask;
+    const qsizetype day = mask.indexOf(u'D');
+    const qsizetype month = mask.indexOf(u'M');
+    const qsizetype year = std::max(mask.indexOf(u'C'), mask.indexOf(u'Y'));
+    if (day < 0 || month < 0 || year < 0) return {};
+    const auto place = [](bool isBehindOne, bool isBehindOther) {
+        return qsizetype{isBehindOne} + isBehindOther;
+    };
+    return {place(day > month, day > year), place(month > day, month > year),
+            place(year > day, year > month)};
 }
 
 // A four-digit year shows the order better than the locale does.
-QString OrderOf(const DateParts& parts, const Conventions& conventions) {
-    QString order = DateOrder(conventions);
-    if (parts[0].digits == 4) return QStringLiteral("CMD");
-    if (parts[2].digits == 4) return order.remove(u'C') + u'C';
-    return order;
+DateOrder OrderOf(const DateParts& parts, const Conventions& conventions) {
+    if (parts[0].digits == 4) return {2, 1, 0};
+    const DateOrder order = SystemOrder(conventions);
+    if (parts[2].digits != 4) return order;
+    return order.day < order.month ? DateOrder{0, 1, 2} : DateOrder{1, 0, 2};
 }
 
 std::optional<QDate> DateOfNumbers(const DateParts& parts, const Conventions& conventions) {
     const QChar separator = parts[1].separator;
     if (separator == u',' || parts[2].separator != separator) return std::nullopt;
-    const QString order = OrderOf(parts, conventions);
-    const DatePart& year = parts[order.indexOf(u'C')];
-    const DatePart& month = parts[order.indexOf(u'M')];
-    const DatePart& day = parts[order.indexOf(u'D')];
+    const DateOrder order = OrderOf(parts, conventions);
+    const DatePart& year = parts[order.year];
+    const DatePart& month = parts[order.month];
+    const DatePart& day = parts[order.day];
     if (month.digits > 2 || day.digits > 2) return std::nullopt;
     const std::optional<QDate> date = DateOf(year, month.number, day.number);
     return date ? date : DateOf(year, day.number, month.number);
@@ -163,27 +174,42 @@ std::optional<QDate> DateOfNumbers(const DateParts& parts, const Conventions& co
 
 // "31 December 1999", "December 31, 1999", "1999-Dec-31".
 std::optional<QDate> DateOfNames(const DateParts& parts, const Conventions& conventions) {
-    const auto* name =
-        std::find_if(parts.begin(), parts.end(), [](const DatePart& part) { return part.digits == 0; });
-    const int month = MonthOf(name->word, conventions);
-    if (month == 0) return std::nullopt;
+    DatePart name;
     DateParts numbers;
-    std::copy_if(parts.begin(), parts.end(), std::back_inserter(numbers),
-                 [](const DatePart& part) { return part.digits > 0; });
+    for (const DatePart& part : parts) {
+        if (part.digits > 0) {
+            numbers.append(part);
+        } else {
+            name = part;
+        }
+    }
     if (numbers.size() != 2) return std::nullopt;
+    const int month = MonthOf(name.word, conventions);
+    if (month == 0) return std::nullopt;
     const std::optional<QDate> date =
         numbers[0].digits > 2 ? std::nullopt : DateOf(numbers[1], month, numbers[0].number);
     return date || numbers[1].digits > 2 ? date : DateOf(numbers[0], month, numbers[1].number);
 }
 
+// Letters and a day and a year in digits, perhaps also a month: worth a look by the locale.
+bool MayBeLongForm(QStringView text) {
+    const bool hasLetters = std::any_of(text.begin(), text.end(), [](QChar here) { return here.isLetter(); });
+    int runs = 0;
+    bool isInRun = false;
+    for (const QChar character : text) {
+        const bool isDigit = DigitOf(character) >= 0;
+        if (isDigit && !isInRun) ++runs;
+        isInRun = isDigit;
+    }
+    return hasLetters && (runs == 2 || runs == 3);
+}
+
 // The locale's own long form, whose words between the parts are beyond a general reading.
 std::optional<QDate> DateInLongForm(QStringView text, const Conventions& conventions) {
-    const bool hasLetters =
-        std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
-    if (!hasLetters) return std::nullopt;
+    if (!MayBeLongForm(text)) return std::nullopt;
     const QDate date = conventions.locale.toDate(text.toString(), QLocale::LongFormat);
-    return date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear ? std::optional(date)
-                                                                                   : std::nullopt;
+    const bool isInRange = date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear;
+    return isInRange ? std::optional(date) : std::nullopt;
 }
 
 std::optional<QDate> DateOfParts(DateParts parts, const Conventions& conventions) {

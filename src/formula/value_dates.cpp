@@ -173,14 +173,12 @@ void NormaliseDateTyped(QString& text, const Conventions& conventions) {
     const QString& mask = conventions.SystemDateMask;
     const QString& separator = conventions.SystemDateSeparator;
     const qsizetype year = mask.contains(u'Y') ? mask.indexOf(u'Y') : mask.indexOf(u'C');
-    if (digits.size() == 6) {
+    if (digits.size() == 6 || year == 4) {
         text = Joined(digits, 2, 2, separator);
     } else if (year == 0) {
         text = Joined(digits, 4, 2, separator);
     } else if (year == 2) {
         text = Joined(digits, 2, 4, separator);
-    } else if (year == 4) {
-        text = Joined(digits, 2, 2, separator);
     }
 }
 

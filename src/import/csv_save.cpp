@@ -34,7 +34,7 @@ std::optional<QByteArray> CsvTable::Written(CsvEncoding encoding) const {
 }
 
 void CsvTable::WriteHeader(CsvWriter& writer) const {
-    writer.AppendMark(m_source.ByteOrderMark());
+    writer.AppendLead(m_source.Lead());
     if (m_columns.size() == m_source.Names().size()) {
         writer.AppendRaw(m_source.WholeHeader());
         return;

@@ -1,12 +1,11 @@
 #include "import/csv_sort.h"
 
-#include <QByteArrayView>
+#include <QLocale>
 #include <QVarLengthArray>
 
 #include <algorithm>
 #include <bit>
 #include <charconv>
-#include <limits>
 
 namespace sheetwright {
 
@@ -38,36 +37,24 @@ std::uint64_t NumberLead(double number) {
 // The part of `value` that can belong to a number, without a leading "+".
 QVarLengthArray<char, 64> NumberCharacters(QStringView value) {
     constexpr QStringView kOthers = u"+-.eE";
+    if (value.startsWith(u'+') && !value.startsWith(u"+-")) value = value.sliced(1);
     QVarLengthArray<char, 64> characters;
     for (const QChar character : value) {
         const char16_t unit = character.unicode();
         if (!(unit >= u'0' && unit <= u'9') && !kOthers.contains(character)) break;
         characters.append(static_cast<char>(unit));
     }
-    if (!characters.isEmpty() && characters.front() == '+') characters.erase(characters.begin());
     return characters;
-}
-
-// What stands for a number too far from 0, or too near to it, to be told exactly.
-double BeyondRange(QByteArrayView digits) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    const bool isNegative = digits.startsWith('-');
-    const QByteArrayView magnitude = digits.sliced(isNegative ? 1 : 0);
-    const bool isTiny = magnitude.startsWith('0') || magnitude.startsWith('.') || magnitude.contains("e-") ||
-                        magnitude.contains("E-");
-    if (isTiny) return 0;
-    return isNegative ? -kInfinity : kInfinity;
 }
 
 }  // namespace
 
 double LeadingNumber(QStringView value) {
     const auto characters = NumberCharacters(value.trimmed());
-    const char* const end = characters.end();
     double number = 0;
-    const std::from_chars_result result = std::from_chars(characters.begin(), end, number);
+    const std::from_chars_result result = std::from_chars(characters.begin(), characters.end(), number);
     if (result.ec != std::errc::result_out_of_range) return number;
-    return BeyondRange(QByteArrayView(characters.begin(), result.ptr));
+    return QLocale::c().toDouble(QString::fromLatin1(characters.begin(), result.ptr - characters.begin()));
 }
 
 CsvSortKeys::CsvSortKeys(bool byNumber, std::int32_t expectedCount) : m_byNumber(byNumber) {

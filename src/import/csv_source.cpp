@@ -14,25 +14,17 @@ constexpr qsizetype kRecordLimit = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
 
-void CsvRecordStarts::Append(qsizetype start) {
-    if (start <= static_cast<qsizetype>(std::numeric_limits<std::uint32_t>::max())) {
-        m_near.append(static_cast<std::uint32_t>(start));
-    } else {
-        m_far.append(start);
-    }
-}
-
 CsvSource::CsvSource(QByteArray bytes) : m_bytes(std::move(bytes)), m_codec(CsvCodec::EncodingOf(m_bytes)) {
     const char* const begin = m_bytes.constData();
     const char* const end = End();
-    const char* at = SkipCsvLineEnds(begin + ByteOrderMark().size(), end);
+    const char* at = SkipCsvLineEnds(begin + (HasByteOrderMark() ? kMark.size() : 0), end);
     m_header = at - begin;
     if (at == end) return;
     ReadNames();
     at = SkipCsvLineEnds(FindCsvRecordEnd(at, end).at, end);
     while (at != end) {
-        if (m_starts.Count() == kRecordLimit) throw Failure(failure::kOverflow);
-        m_starts.Append(at - begin);
+        if (m_starts.size() == kRecordLimit) throw Failure(failure::kOverflow);
+        m_starts.append(at - begin);
         at = SkipCsvLineEnds(FindCsvRecordEnd(at, end).at, end);
     }
 }
@@ -43,8 +35,8 @@ void CsvSource::ReadNames() {
         m_names.push_back(Text(reader.Next()));
 }
 
-QByteArrayView CsvSource::ByteOrderMark() const {
-    return m_codec.Encoding() == CsvEncoding::Utf8 && m_bytes.startsWith(kMark) ? kMark : QByteArrayView();
+bool CsvSource::HasByteOrderMark() const {
+    return m_codec.Encoding() == CsvEncoding::Utf8 && m_bytes.startsWith(kMark);
 }
 
 QByteArrayView CsvSource::LineEnd() const {

@@ -17,20 +17,6 @@
 
 namespace sheetwright {
 
-// Ascending positions in a file. Those below 4 GiB, nearly always all of them, take half the memory.
-class CsvRecordStarts {
-  public:
-    [[nodiscard]] qsizetype Count() const { return m_near.size() + m_far.size(); }
-    [[nodiscard]] qsizetype At(qsizetype index) const {
-        return index < m_near.size() ? static_cast<qsizetype>(m_near[index]) : m_far[index - m_near.size()];
-    }
-    void Append(qsizetype start);
-
-  private:
-    QList<std::uint32_t> m_near;
-    QList<qsizetype> m_far;
-};
-
 class CsvSource {
   public:
     // Values of a record that belong to columns; what a file has beyond them is kept and has no name.
@@ -44,8 +30,9 @@ class CsvSource {
     [[nodiscard]] const CsvCodec& Codec() const { return m_codec; }
     [[nodiscard]] const std::vector<QString>& Names() const { return m_names; }
     [[nodiscard]] int Width() const { return static_cast<int>(m_names.size()); }
-    [[nodiscard]] std::int32_t RecordCount() const { return static_cast<std::int32_t>(m_starts.Count()); }
-    [[nodiscard]] QByteArrayView ByteOrderMark() const;
+    [[nodiscard]] std::int32_t RecordCount() const { return static_cast<std::int32_t>(m_starts.size()); }
+    // What stands before the header: a byte-order mark, empty lines.
+    [[nodiscard]] QByteArrayView Lead() const { return {m_bytes.constData(), m_header}; }
     [[nodiscard]] QByteArrayView LineEnd() const;  // of the header; CR LF when it has none
 
     // Records count from 0 here, columns too.
@@ -65,17 +52,18 @@ class CsvSource {
     [[nodiscard]] const char* End() const { return m_bytes.constData() + m_bytes.size(); }
     [[nodiscard]] const char* Header() const { return m_bytes.constData() + m_header; }
     [[nodiscard]] const char* Start(std::uint32_t record) const {
-        return m_bytes.constData() + m_starts.At(record);
+        return m_bytes.constData() + m_starts[record];
     }
     [[nodiscard]] CsvFieldReader BehindKnownPart(std::uint32_t record) const;
     [[nodiscard]] QByteArray Closed(const char* at) const;
+    [[nodiscard]] bool HasByteOrderMark() const;
     void ReadNames();
 
     QByteArray m_bytes;
     CsvCodec m_codec;
     std::vector<QString> m_names;
     qsizetype m_header = 0;
-    CsvRecordStarts m_starts;
+    QList<qsizetype> m_starts;
 };
 
 }  // namespace sheetwright

@@ -107,8 +107,8 @@ std::int32_t CsvTable::Position() const {
 }
 
 void CsvTable::SetPosition(std::int32_t number) {
-    if (number < 1 || number > RecordCount()) throw Failure(failure::kSubscript);
-    MoveTo(number);
+    if (number < 0 || number > RecordCount()) throw Failure(failure::kSubscript);
+    MoveTo(number == 0 ? std::int64_t{RecordCount()} + 1 : number);
 }
 
 void CsvTable::MoveTo(std::int64_t position) {

@@ -8,8 +8,8 @@
 
 namespace sheetwright {
 
-void CsvWriter::AppendMark(QByteArrayView mark) {
-    m_bytes.append(mark);
+void CsvWriter::AppendLead(QByteArrayView lead) {
+    m_bytes.append(lead);
     m_recordStart = m_bytes.size();
 }
 

@@ -17,7 +17,7 @@ class CsvWriter {
     // `source` is the encoding that bytes handed to AppendRaw are in.
     CsvWriter(const CsvCodec& source, CsvEncoding target) : m_source(source), m_target(target) {}
 
-    void AppendMark(QByteArrayView mark);  // the byte-order mark, before the first record
+    void AppendLead(QByteArrayView lead);  // what stands before the first record and is none
     void AppendRaw(QByteArrayView bytes);  // what is already in the syntax of the file
     void AppendValue(QStringView value);
     void AppendComma() { m_bytes.append(','); }

@@ -45,6 +45,7 @@ TEST_F(ApplicationState, InstallFolderGetsATrailingSeparator) {
 
 TEST_F(ApplicationState, WritableInstallFolderIsWrittenToAndLeftAsItWas) {
     EXPECT_EQ(m_application->WritableFolder, m_application->InstallFolder);
+    EXPECT_EQ(m_application->LogFolder, m_application->InstallFolder);
     EXPECT_TRUE(QDir(m_folder.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
@@ -53,6 +54,7 @@ TEST_F(ApplicationState, InstallFolderThatCannotBeWrittenIsReplacedByTheUsersDat
     const Application application(QStringLiteral("x"), file, m_application->settings, m_ui);
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     EXPECT_EQ(application.WritableFolder, data + QStringLiteral("/sheetwright/"));
+    EXPECT_EQ(application.LogFolder, application.WritableFolder);
     EXPECT_TRUE(QDir(application.WritableFolder).exists());
 }
 
@@ -72,6 +74,25 @@ TEST_F(ApplicationState, TitleStaysWithoutADictionary) {
     m_application->LoadLanguage();
     EXPECT_EQ(m_application->Title, QStringLiteral("Tolvane Quillon Sheetwright"));
     EXPECT_FALSE(m_application->dictionary.IsOpen());
+}
+
+TEST_F(ApplicationState, EachDictionaryTranslatesTheTitle) {
+    m_application->LoadDictionary(Write(QStringLiteral("TIPOFDAY.DIC"),
+                                        "ENGLISH,TRANSLATION\r\nTolvane Quillon Sheetwright,Tipps\r\n"));
+    EXPECT_EQ(m_application->Title, QStringLiteral("Tipps"));
+}
+
+TEST_F(ApplicationState, MissingDictionaryKeepsTheTitle) {
+    Write(QStringLiteral("Sheetwright.DIC"),
+          "ENGLISH,TRANSLATION\r\nTolvane Quillon Sheetwright,Formularwerk\r\nFormularwerk,x\r\n");
+    m_application->dictionary.Load(m_application->InstallFolder + QStringLiteral("Sheetwright.DIC"));
+    m_application->LoadDictionary(m_application->InstallFolder + QStringLiteral("TIPOFDAY.DIC"));
+    EXPECT_EQ(m_application->Title, QStringLiteral("Tolvane Quillon Sheetwright"));
+}
+
+TEST_F(ApplicationState, DictionaryOfOneColumnThatHasTheTitleIsABrokenInstallation) {
+    Write(QStringLiteral("Sheetwright.DIC"), "ENGLISH\r\nTolvane Quillon Sheetwright\r\n");
+    EXPECT_EQ(FailureOf([&] { m_application->LoadLanguage(); }), failure::kSubscript);
 }
 
 TEST_F(ApplicationState, MissingSecondDictionaryKeepsTheFirst) {

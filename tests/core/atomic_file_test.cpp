@@ -34,6 +34,28 @@ TEST_F(AtomicFileTest, ReplacePutsTheNewFileInPlace) {
     EXPECT_FALSE(QFileInfo::exists(path + QStringLiteral(".new")));
 }
 
+TEST_F(AtomicFileTest, SecondWriterIsRefusedWhileTheFirstIsAtWork) {
+    const QString path = Write(QStringLiteral("a.txt"), "old");
+    AtomicFile first(path, QStringLiteral(".new"));
+    first.Beside().Write("first");
+    EXPECT_EQ(FailureOf([&] { AtomicFile(path, QStringLiteral(".new")); }), failure::kPermissionDenied);
+    first.Replace();
+    EXPECT_EQ(Read(QStringLiteral("a.txt")), "first");
+    EXPECT_EQ(FailureOf([&] { AtomicFile(path, QStringLiteral(".new")); }), std::nullopt);
+}
+
+TEST_F(AtomicFileTest, ForeignFileIsNeitherPutInPlaceNorRemoved) {
+    const QString path = Write(QStringLiteral("a.txt"), "old");
+    {
+        AtomicFile file(path, QStringLiteral(".new"));
+        QFile::remove(file.BesidePath());
+        Write(QStringLiteral("a.txt.new"), "foreign");
+        EXPECT_EQ(FailureOf([&] { file.Replace(); }), failure::kPermissionDenied);
+    }
+    EXPECT_EQ(Read(QStringLiteral("a.txt")), "old");
+    EXPECT_EQ(Read(QStringLiteral("a.txt.new")), "foreign");
+}
+
 TEST_F(AtomicFileTest, FileOfAnotherCaseIsTheSameFile) {
     Write(QStringLiteral("Form.AFF"), "old");
     AtomicFile file(m_folder.filePath(QStringLiteral("form.aff")), QStringLiteral(" 2"));

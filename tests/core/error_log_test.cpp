@@ -8,6 +8,8 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+#include <sys/file.h>
+
 namespace sheetwright {
 
 namespace {
@@ -22,6 +24,7 @@ class ErrorLog : public ApplicationTest {
 };
 
 const QByteArray kHeader = "Date,Time,Application,Sub,Error,Additional\r\n";
+const QByteArray kUtf8Mark = "\xEF\xBB\xBF";
 
 TEST_F(ErrorLog, FirstErrorCreatesTheFileWithItsHeader) {
     Log(QStringLiteral("ZipForm"), QStringLiteral("a.aff"), 76);
@@ -45,6 +48,25 @@ TEST_F(ErrorLog, RowHoldsTheSixColumns) {
     EXPECT_EQ(row[5], QStringLiteral("form.aff"));
 }
 
+TEST_F(ErrorLog, RowHoldsTheTranslatedTitle) {
+    Write(QStringLiteral("Sheetwright.DIC"),
+          "ENGLISH,TRANSLATION\r\nTolvane Quillon Sheetwright,Formularwerk\r\n");
+    m_application->LoadLanguage();
+    Log(QStringLiteral("LoadPage"), QString(), 13);
+    EXPECT_EQ(ErrorRows().at(0).at(2), QStringLiteral("Formularwerk"));
+}
+
+TEST_F(ErrorLog, NumberThatNoTableHasIsLoggedToo) {
+    Log(QStringLiteral("Import"), QString(), -2147483647);
+    EXPECT_EQ(ErrorRows().at(0).at(4), QStringLiteral("-2147483647: Application-defined error"));
+}
+
+TEST_F(ErrorLog, LiesInTheLogFolderWhereverTemporaryFilesGo) {
+    m_application->WritableFolder = Path(QStringLiteral("elsewhere/"));
+    Log(QStringLiteral("LoadPage"), QString(), 13);
+    EXPECT_TRUE(File().startsWith(kHeader));
+}
+
 TEST_F(ErrorLog, TwoErrorsWithinASecondGiveTwoRows) {
     Log(QStringLiteral("Import"), QStringLiteral("same"), 6);
     Log(QStringLiteral("Import"), QStringLiteral("same"), 6);
@@ -66,7 +88,44 @@ TEST_F(ErrorLog, CommasQuotesAndLineBreaksOfTheFreeTextComeBack) {
         EXPECT_EQ(rows[row].at(5), texts[static_cast<qsizetype>(row)]);
 }
 
+TEST_F(ErrorLog, NewLogIsUtf8WhenItsFirstRowIsNotAscii) {
+    Log(QStringLiteral("ZipForm"), QStringLiteral("Pr\u00FCfung.aff"), 76);
+    EXPECT_TRUE(File().startsWith(kUtf8Mark + kHeader)) << File().toStdString();
+    EXPECT_EQ(ErrorRows().at(0).at(5), QStringLiteral("Pr\u00FCfung.aff"));
+}
+
+TEST_F(ErrorLog, FirstRowThatIsNotAsciiTurnsTheLogIntoUtf8) {
+    Log(QStringLiteral("ZipForm"), QStringLiteral("a.aff"), 76);
+    const QByteArray before = File();
+    Log(QStringLiteral("ZipForm"), QStringLiteral("\u03A9.aff"), 76);
+    EXPECT_TRUE(File().startsWith(kUtf8Mark + before));
+    EXPECT_EQ(ErrorRows().at(1).at(5), QStringLiteral("\u03A9.aff"));
+}
+
+TEST_F(ErrorLog, LogInTheCodePageTurnsIntoUtf8) {
+    Write(QStringLiteral("errors.csv"), kHeader + "1/1/2000,00:00:00,a,b,c,f\xFCr\r\n");
+    Log(QStringLiteral("ZipForm"), QStringLiteral("\u03A9"), 76);
+    const auto rows = ErrorRows();
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].at(5), QStringLiteral("f\u00FCr"));
+    EXPECT_EQ(rows[1].at(5), QStringLiteral("\u03A9"));
+}
+
+// A row that is added to the file that is there leaves the file itself in place.
+TEST_F(ErrorLog, OnlyTheFirstRowThatIsNotAsciiRewritesTheLog) {
+    Log(QStringLiteral("ZipForm"), QStringLiteral("a"), 76);
+    Log(QStringLiteral("ZipForm"), QStringLiteral("\u00FC"), 76);
+    const QString path = m_folder.filePath(QStringLiteral("errors.csv"));
+    QFile same(path);
+    ASSERT_TRUE(same.open(QIODevice::ReadOnly));
+    for (const char16_t* text : {u"\u00FC", u"b", u"\u03A9"})
+        Log(QStringLiteral("ZipForm"), QString::fromUtf16(text), 76);
+    EXPECT_EQ(same.readAll(), File());
+    EXPECT_EQ(ErrorRows().size(), 5U);
+}
+
 TEST_F(ErrorLog, RowsAddedOneByOneEqualThoseOfTheWholeTable) {
+    Write(QStringLiteral("errors.csv"), kHeader.chopped(2));
     Log(QStringLiteral("FListLookup"), QStringLiteral("Error loading list: a,\"b\""), 53);
     Log(QStringLiteral("FListLookup"), QStringLiteral("Error loading list: a,\"b\""), 53);
     const QList<QByteArray> lines = File().split('\n');
@@ -104,6 +163,29 @@ TEST_F(ErrorLog, FileWithoutALastLineEndKeepsItsLastRow) {
 TEST_F(ErrorLog, LogThatCannotBeWrittenIsRaised) {
     QDir(m_folder.path()).mkdir(QStringLiteral("errors.csv"));
     EXPECT_EQ(FailureOf([&] { Log(QStringLiteral("ZipForm"), QString(), 61); }), failure::kPathAccess);
+}
+
+TEST_F(ErrorLog, ReadOnlyLogIsRaisedAndKept) {
+    const QByteArray before = kHeader + "1/1/2000,00:00:00,a,b,c,d\r\n";
+    QFile file(Write(QStringLiteral("errors.csv"), before));
+    file.setPermissions(QFile::ReadOwner);
+    EXPECT_EQ(FailureOf([&] { Log(QStringLiteral("ZipForm"), QString(), 61); }), failure::kPathAccess);
+    EXPECT_EQ(File(), before);
+}
+
+TEST_F(ErrorLog, LogThatAnotherProgramHoldsIsRaisedAndKept) {
+    Log(QStringLiteral("ZipForm"), QString(), 61);
+    const QByteArray before = File();
+    QFile held(m_folder.filePath(QStringLiteral("errors.csv")));
+    ASSERT_TRUE(held.open(QIODevice::ReadWrite));
+    ASSERT_EQ(flock(held.handle(), LOCK_EX), 0);
+    EXPECT_EQ(FailureOf([&] { Log(QStringLiteral("ZipForm"), QString(), 61); }), failure::kPermissionDenied);
+    EXPECT_EQ(File(), before);
+}
+
+TEST_F(ErrorLog, FolderThatIsNotThereIsRaised) {
+    m_application->LogFolder = m_folder.filePath(QStringLiteral("none/"));
+    EXPECT_EQ(FailureOf([&] { Log(QStringLiteral("ZipForm"), QString(), 61); }), failure::kPathNotFound);
 }
 
 TEST_F(ErrorLog, LoggedStepLogsItsFailureAndHandsItBack) {

@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <sys/stat.h>
+
 #include <tuple>
 
 namespace sheetwright {
@@ -160,6 +162,27 @@ TEST_F(TempDirectory, SweepLooksAtAHundredNames) {
     EXPECT_EQ(Names(m_application->CurrentTempDir).size(), 3);
 }
 
+TEST_F(TempDirectory, SweepStopsAtAHundredNamesThoughTheyStay) {
+    for (int number = 1; number <= 100; ++number)
+        Make(QString::number(number).rightJustified(8, u'0'), {QStringLiteral("form.aff")});
+    Make(QStringLiteral("00000101"));
+    SweepTempDirectories(*m_application);
+    EXPECT_TRUE(Exists(QStringLiteral("00000101")));
+    EXPECT_EQ(Names(m_application->CurrentTempDir).size(), 101);
+}
+
+TEST_F(TempDirectory, SweepLeavesWhatHoldsAFolderOrIsNone) {
+    Make(QStringLiteral("00000001/sub"));
+    Write(QStringLiteral("TEMP/00000002"), "a file");
+    Make(QStringLiteral("kept"));
+    ASSERT_TRUE(QFile::link(m_folder.filePath(QStringLiteral("TEMP/kept")),
+                            m_folder.filePath(QStringLiteral("TEMP/00000003"))));
+    SweepTempDirectories(*m_application);
+    EXPECT_EQ(Names(m_application->CurrentTempDir),
+              QStringList({QStringLiteral("00000001"), QStringLiteral("00000002"), QStringLiteral("00000003"),
+                           QStringLiteral("kept")}));
+}
+
 TEST_F(TempDirectory, SweepIgnoresThatTheRootCannotBeMade) {
     Write(QStringLiteral("TEMP"), "a file");
     EXPECT_EQ(FailureOf([&] { SweepTempDirectories(*m_application); }), std::nullopt);
@@ -213,6 +236,33 @@ TEST_F(TempDirectory, WantedDirectoryThatIsNotThereIsReplacedByTemp) {
     EXPECT_TRUE(m_ui.messages.empty());
 }
 
+TEST_F(TempDirectory, WantedDirectoryThatCannotBeWrittenStays) {
+    const QString old = Make(QStringLiteral("00000001"), {QStringLiteral("form.aff")});
+    QDir(old).mkdir(QStringLiteral("test.write"));
+    const QString path = MakeTempDirectory(*m_application, old);
+    EXPECT_EQ(Names(old), QStringList({QStringLiteral("form.aff"), QStringLiteral("test.write")}));
+    EXPECT_TRUE(QDir(path).exists());
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
+TEST_F(TempDirectory, RootOfTempAsTheWantedDirectoryStays) {
+    const QString file = Write(QStringLiteral("TEMP/form.aff"), "x");
+    const QString path = MakeTempDirectory(*m_application, TempRoot(*m_application));
+    EXPECT_TRUE(QDir(path).exists());
+    EXPECT_TRUE(QFile::exists(file));
+}
+
+TEST_F(TempDirectory, TestOfTheRootFollowsNoLinkAndWaitsForNoPipe) {
+    const QString mine = Write(QStringLiteral("mine.txt"), "mine");
+    const QString probe = Path(QStringLiteral("TEMP/test.write"));
+    ASSERT_TRUE(QFile::link(mine, probe));
+    EXPECT_TRUE(QDir(MakeTempDirectory(*m_application, QString())).exists());
+    EXPECT_EQ(Read(QStringLiteral("mine.txt")), "mine");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(probe).constData(), 0600), 0);
+    EXPECT_TRUE(QDir(MakeTempDirectory(*m_application, QString())).exists());
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
 TEST_F(TempDirectory, WantedDirectoryOutsideTempStays) {
     const QString file = Write(QStringLiteral("mine/form.aff"), "x");
     std::ignore = MakeTempDirectory(*m_application, m_folder.filePath(QStringLiteral("mine/")));
@@ -221,7 +271,8 @@ TEST_F(TempDirectory, WantedDirectoryOutsideTempStays) {
 
 TEST_F(TempDirectory, NowhereToWriteIsTheOnlyMessage) {
     Write(QStringLiteral("TEMP"), "a file");
-    const QString path = MakeTempDirectory(*m_application, QString());
+    const QString path =
+        MakeTempDirectory(*m_application, m_folder.filePath(QStringLiteral("TEMP/00000001/")));
     EXPECT_EQ(m_ui.MessageTexts(), QStringList(QStringLiteral("Cannot write to Temporary Directory")));
     EXPECT_FALSE(QDir(path).exists());
     EXPECT_TRUE(path.startsWith(TempRoot(*m_application)));
@@ -264,6 +315,12 @@ TEST_F(TempDirectory, OnlyDirectoriesBelowTempAreRemoved) {
     RemoveTempDirectory(QString());
     EXPECT_TRUE(QFile::exists(file));
     EXPECT_TRUE(QFile::exists(small));
+}
+
+TEST_F(TempDirectory, PathThatSpellsTempInSmallLettersIsNotRemoved) {
+    const QString path = Make(QStringLiteral("00000001"), {QStringLiteral("form.aff")});
+    RemoveTempDirectory(m_folder.filePath(QStringLiteral("temp/00000001/")));
+    EXPECT_EQ(Names(path), QStringList(QStringLiteral("form.aff")));
 }
 
 TEST_F(TempDirectory, DirectoryWithAProgramSurvivesUnchanged) {

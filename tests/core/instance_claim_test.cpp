@@ -5,6 +5,12 @@
 #include <QDir>
 #include <QFile>
 
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+
 namespace sheetwright {
 
 namespace {
@@ -63,6 +69,56 @@ TEST_F(Claim, OfACrashedProcessDoesNotBlock) {
     Write(lock, "999999999" + content.mid(content.indexOf('\n')));
     InstanceClaim next;
     EXPECT_TRUE(next.Take(m_program));
+}
+
+TEST_F(Claim, NamingAProcessThatNeverHeldItDoesNotBlock) {
+    QString lock;
+    QList<QByteArray> lines;
+    {
+        InstanceClaim claim;
+        EXPECT_TRUE(claim.Take(m_program));
+        lock = Locks().value(0);
+        lines = Read(lock).split('\n');
+    }
+    Write(lock, lines.join('\n'));
+    EXPECT_TRUE(InstanceClaim().Take(m_program)) << "its number given anew";
+    lines[2] = "the-old-name-of-this-host";
+    Write(lock, lines.join('\n'));
+    EXPECT_TRUE(InstanceClaim().Take(m_program)) << "its host renamed";
+}
+
+TEST_F(Claim, OfAnotherProcessBlocksUntilThatIsKilled) {
+    std::array<int, 2> taken{};
+    ASSERT_EQ(::pipe(taken.data()), 0);
+    const pid_t other = ::fork();
+    if (other == 0) {
+        ::alarm(60);  // should this test end before it can kill it
+        InstanceClaim claim;
+        const char answer = claim.Take(m_program) ? 'y' : 'n';
+        if (::write(taken[1], &answer, 1) == 1) ::pause();
+        ::_exit(0);
+    }
+    char answer = 0;
+    EXPECT_EQ(::read(taken[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    EXPECT_FALSE(InstanceClaim().Take(m_program));
+    EXPECT_FALSE(InstanceClaim().Take(m_program));
+    ::kill(other, SIGKILL);
+    EXPECT_EQ(::waitpid(other, nullptr, 0), other);
+    EXPECT_TRUE(InstanceClaim().Take(m_program));
+    ::close(taken[0]);
+    ::close(taken[1]);
+}
+
+TEST_F(Claim, LeavesNothingBehind) {
+    {
+        InstanceClaim first;
+        InstanceClaim second;
+        EXPECT_TRUE(first.Take(m_program));
+        EXPECT_FALSE(second.Take(m_program));
+        EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+    EXPECT_TRUE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
 
 TEST_F(Claim, OfAProcessThatCrashedWhileTakingItDoesNotBlock) {

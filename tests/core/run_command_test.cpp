@@ -45,6 +45,13 @@ TEST_F(RunCommandTest, TextThatAFailureBringsIsShownAndLogged) {
     EXPECT_EQ(ErrorRows().at(0).at(5), QStringLiteral("too many pages"));
 }
 
+TEST_F(RunCommandTest, TextWithTheSeparatorOfParametersIsNotCut) {
+    RunCommand(*m_application, QStringLiteral("open"),
+               [] { throw Failure(1000, QStringLiteral("a\u00A6%2\u00A6c")); });
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList(QStringLiteral("Error 1000: a|%2|c")));
+    EXPECT_EQ(ErrorRows().at(0).at(5), QStringLiteral("a\u00A6%2\u00A6c"));
+}
+
 TEST_F(RunCommandTest, RunningOutOfMemoryIsFailureSeven) {
     const auto caught = RunCommand(*m_application, QStringLiteral("open"), [] { throw std::bad_alloc(); });
     ASSERT_TRUE(caught);

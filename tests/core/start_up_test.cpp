@@ -112,6 +112,50 @@ TEST_F(StartUp, TitleWithBothWordsShowsTheSplashAndHidesTheWindow) {
               QStringLiteral("Tolvane Quillon Viewer"));
 }
 
+TEST_F(StartUp, ReportEngineWithNothingToOpenHasTipAndWelcome) {
+    Restart(QStringLiteral("Tolvane Reports"));
+    EXPECT_EQ(
+        Opened(QString(), QStringLiteral("/f/a.aff")),
+        QStringList({QStringLiteral("tip"), QStringLiteral("welcome"), QStringLiteral("form /f/a.aff")}));
+}
+
+TEST_F(StartUp, EachStepFindsTheOnesBeforeItDone) {
+    class States : public RecordingActions {
+      public:
+        States(Application& application, const RecordingUserInterface& ui)
+            : RecordingActions(application), m_state(application), m_ui(ui) {}
+        bool ClaimInstance() override { return Note(u"claim"); }
+        void SetSplashProductLine(const QString& /*text*/) override { Note(u"product"); }
+        void LoadMainWindow() override { Note(u"main"); }
+        QStringList states;
+
+      private:
+        // What has been done: the updater told, the title translated, the paper sizes read, messages let
+        // through, TEMP made.
+        bool Note(QStringView step) {
+            const QString updater = m_state.settings.Read(
+                QStringLiteral("AutoUpdater"), QStringLiteral("Dunmorrow"), QStringLiteral("Name"));
+            states << QStringLiteral("%1:%2%3%4%5%6")
+                          .arg(step)
+                          .arg(!updater.isEmpty())
+                          .arg(m_state.Title == QStringLiteral("Betrachter"))
+                          .arg(m_state.PaperTable.RecordCount())
+                          .arg(m_ui.pumps)
+                          .arg(QDir(TempRoot(m_state)).exists());
+            return true;
+        }
+        const Application& m_state;
+        const RecordingUserInterface& m_ui;
+    };
+    Restart(QStringLiteral("x viewer"));
+    Write(QStringLiteral("Sheetwright.DIC"), "ENGLISH,TRANSLATION\r\nx viewer,Betrachter\r\n");
+    Write(QStringLiteral("papersizes.csv"), "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,11906,16838\r\n");
+    States actions(*m_application, m_ui);
+    EXPECT_TRUE(Main(*m_application, actions, QStringLiteral(" ")));
+    EXPECT_EQ(actions.states, QStringList({QStringLiteral("claim:00000"), QStringLiteral("product:11100"),
+                                           QStringLiteral("main:11111")}));
+}
+
 TEST_F(StartUp, SecondInstanceEndsWithNothingShownAndNothingWritten) {
     Restart(QStringLiteral("Tolvane Quillon Sheetwright"));
     RecordingActions actions(*m_application);
@@ -194,6 +238,20 @@ TEST_F(StartUp, FolderOfTheChoiceIsRememberedBeforeItIsOpened) {
     EXPECT_EQ(actions.folder, QStringLiteral("/t/"));
 }
 
+TEST_F(StartUp, DialogIsLookedAtThoughNoWelcomeScreenWasShown) {
+    Restart(QStringLiteral("x viewer"));
+    RecordingActions actions(*m_application);
+    actions.dialogFileName = QStringLiteral("/f/a.aff");
+    EXPECT_TRUE(Main(*m_application, actions, QString()));
+    EXPECT_EQ(actions.calls.sliced(actions.calls.size() - 2),
+              QStringList({QStringLiteral("tip"), QStringLiteral("form /f/a.aff")}));
+}
+
+TEST_F(StartUp, ChoiceOfFiveCharactersIsLongEnough) {
+    EXPECT_EQ(Opened(QString(), QStringLiteral("a.aff")).last(), QStringLiteral("form a.aff"));
+    EXPECT_EQ(Opened(QString(), QStringLiteral("a.aft")).last(), QStringLiteral("template a.aft"));
+}
+
 TEST_F(StartUp, ChoiceThatIsNoFileOpensNothing) {
     for (const QString& choice :
          {QStringLiteral("*.aff"), QStringLiteral("*.aft"), QStringLiteral(".aff"), QStringLiteral("a.AFF"),
@@ -235,6 +293,22 @@ TEST_F(StartUp, FilesOfTheCommandLineDoNotChangeTheRememberedFolders) {
     Start(QStringLiteral("a.aff b.aft"));
     EXPECT_EQ(FormFolder(*m_application), QStringLiteral("/forms/"));
     EXPECT_EQ(TemplateFolder(*m_application), QStringLiteral("/templates/"));
+}
+
+TEST_F(StartUp, FailureInAFileOfTheCommandLineTravelsWithTheFoldersRestored) {
+    class Failing : public RecordingActions {
+      public:
+        using RecordingActions::RecordingActions;
+        void OpenForm() override {
+            RecordingActions::OpenForm();
+            throw Failure(failure::kDiskFull);
+        }
+    };
+    SetFormFolder(*m_application, QStringLiteral("/forms/"));
+    Failing actions(*m_application);
+    EXPECT_EQ(FailureOf([&] { Main(*m_application, actions, QStringLiteral("a.aff b.aft")); }), 61);
+    EXPECT_EQ(actions.calls.last(), QStringLiteral("form a.aff"));
+    EXPECT_EQ(FormFolder(*m_application), QStringLiteral("/forms/"));
 }
 
 TEST(CommandLineTokens, SplitsAtBlanksOutsideQuotes) {

@@ -3,6 +3,7 @@
 #include "support/test_application.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QThread>
 
@@ -58,6 +59,22 @@ TEST_F(UpdateRunner, IsStartedInTheInstallFolder) {
         EXPECT_TRUE(QFile::remove(m_folder.filePath(QStringLiteral("mark")))) << name.toStdString();
         QFile::remove(m_folder.filePath(name));
     }
+}
+
+TEST_F(UpdateRunner, IsWaitedForWhileItRuns) {
+    // Runs for as long as its own file is there, so that it can't outlive the folder of the test.
+    WriteRunner(QStringLiteral("RunOnce.exe"), "#!/bin/sh\nwhile [ -e RunOnce.exe ]; do :; done\n");
+    int waits = 0;
+    RunUpdateRunner(*m_application, [&] {
+        if (++waits == 3) QFile::remove(m_folder.filePath(QStringLiteral("RunOnce.exe")));
+    });
+    EXPECT_GE(waits, 3);
+    EXPECT_LE(waits, 60);
+}
+
+TEST_F(UpdateRunner, FolderOfItsNameIsNone) {
+    QDir(m_folder.path()).mkdir(QStringLiteral("RunOnce.exe"));
+    EXPECT_EQ(Waits(), 0);
 }
 
 TEST_F(UpdateRunner, RunnerThatCannotBeStartedIsIgnored) {

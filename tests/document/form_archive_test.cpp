@@ -169,6 +169,19 @@ TEST_F(FormArchiveTest, MissingDestinationIsTold) {
     EXPECT_FALSE(QFileInfo::exists(m_folder.filePath(QStringLiteral("none"))));
 }
 
+TEST_F(FormArchiveTest, NoDestinationIsNotTheCurrentFolder) {
+    UnZipForm(*m_application, Form({{"form.aff", kText}}), QString());
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList(QStringLiteral("Error code 76")));
+    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("form.aff")));
+}
+
+TEST_F(FormArchiveTest, FailureToCopyAPlainTextTravels) {
+    const QString path = Write(QStringLiteral("old.aff"), kText);
+    const QString nowhere = m_folder.filePath(QStringLiteral("none/"));
+    EXPECT_EQ(FailureOf([&] { UnZipForm(*m_application, path, nowhere); }), failure::kPathNotFound);
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
 TEST_F(FormArchiveTest, FailingLogIsIgnored) {
     StopTheLog();
     UnZip(Write(QStringLiteral("bad.aff"), "no archive"));

@@ -173,6 +173,15 @@ TEST_F(CsvSaveTest, AUtf8FileStaysUtf8WithItsMark) {
               "A,B\n1\n\xC3\xA4,\n");
 }
 
+TEST_F(CsvSaveTest, WhatStandsBeforeTheHeaderStays) {
+    Open("\r\n\xEF\xBB\xBF\"A,B\"\r\n1,2\r\n");
+    Append(m_table.Columns().At(1).Name(), QStringLiteral("3"));
+    EXPECT_EQ(Saved(), "\r\n\xEF\xBB\xBF\"A,B\"\r\n1,2\r\n3,\r\n");
+    Open("\xEF\xBB\xBF\n");
+    m_table.Columns().Add(QStringLiteral("A"));
+    EXPECT_EQ(Saved(), "\xEF\xBB\xBF\nA\r\n");
+}
+
 TEST_F(CsvSaveTest, ATableWithoutAFileNameRaises52) {
     EXPECT_EQ(FailureOf([&] { m_table.Save(); }), 52);
 }
@@ -181,6 +190,23 @@ TEST_F(CsvSaveTest, AMissingFolderRaises76) {
     m_table.SetFileName(m_folder.filePath(QStringLiteral("no/folder/table.csv")));
     m_table.Columns().Add(QStringLiteral("A"));
     EXPECT_EQ(FailureOf([&] { m_table.Save(); }), 76);
+}
+
+TEST_F(CsvSaveTest, AFileWithoutWritePermissionRaises75AndStays) {
+    Open("A\n1\n");
+    QFile::setPermissions(m_table.FileName(), QFileDevice::ReadOwner);
+    Append(QStringLiteral("A"), QStringLiteral("2"));
+    EXPECT_EQ(FailureOf([&] { m_table.Save(); }), 75);
+    EXPECT_EQ(Read(QStringLiteral("table.csv")), "A\n1\n");
+    EXPECT_EQ(RowsOf(m_table), Rows({{QStringLiteral("1")}, {QStringLiteral("2")}}));
+}
+
+TEST_F(CsvSaveTest, ASaveGoesToTheFileThatWasReadAlsoUnderAPathOfAnotherCase) {
+    Write(QStringLiteral("Lists/People.CSV"), "A\n1\n");
+    m_table.SetFileName(Path(QStringLiteral("LISTS\\people.csv")));
+    Append(QStringLiteral("A"), QStringLiteral("2"));
+    EXPECT_EQ(SavedRows(), Rows({{QStringLiteral("1")}, {QStringLiteral("2")}}));
+    EXPECT_EQ(Read(QStringLiteral("Lists/People.CSV")), "A\n1\n2\n");
 }
 
 TEST_F(CsvSaveTest, ASaveLeavesNothingBesideTheFile) {

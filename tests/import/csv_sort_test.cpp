@@ -90,14 +90,18 @@ TEST(LeadingNumber, ReadsTheNumberAtTheFront) {
 }
 
 TEST(LeadingNumber, AnythingElseIsZero) {
-    for (const char16_t* value : {u"", u"x", u"-", u"+", u".", u"e5", u"inf", u"NaN", u"--1", u"\u0663"})
+    for (const char16_t* value : {u"", u"x", u"-", u"+", u".", u"e5", u"inf", u"NaN", u"--1", u"+-1", u"\u0663"})
         EXPECT_EQ(LeadingNumber(value), 0) << QString::fromUtf16(value).toStdString();
 }
 
 TEST(LeadingNumber, NumbersBeyondTheRangeKeepTheirPlace) {
     EXPECT_EQ(LeadingNumber(u"1e400"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(LeadingNumber(u"-1e400 m"), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(LeadingNumber(u"001e400"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(LeadingNumber(u"1e-400"), 0);
+    EXPECT_EQ(LeadingNumber(u"-1e-400 m"), 0);
+    EXPECT_EQ(LeadingNumber(u"-.5e999.7"), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(LeadingNumber(u"+1.e999-"), std::numeric_limits<double>::infinity());
 }
 
 }  // namespace

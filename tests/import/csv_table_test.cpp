@@ -189,9 +189,22 @@ TEST_F(CsvTableTest, PositionsOutsideTheRecordsRaise9) {
     Open("A\n1\n2\n");
     m_table.SetPosition(2);
     EXPECT_EQ(Value(QStringLiteral("A")), QStringLiteral("2"));
-    for (const std::int32_t number : {0, -1, 3, 2147483647})
+    for (const std::int32_t number : {-2147483647 - 1, -1, 3, 2147483647})
         EXPECT_EQ(FailureOf([&] { m_table.SetPosition(number); }), 9);
     EXPECT_EQ(m_table.Position(), 2);
+}
+
+TEST_F(CsvTableTest, PositionZeroLeavesNoCurrentRecord) {
+    Open("A\n1\n2\n");
+    m_table.SetPosition(0);
+    EXPECT_EQ(m_table.Position(), 0);
+    EXPECT_TRUE(m_table.AtEnd());
+    EXPECT_EQ(Value(QStringLiteral("A")), QString());
+    m_table.SetPosition(2);
+    EXPECT_EQ(Value(QStringLiteral("A")), QStringLiteral("2"));
+    m_table.SetFileName(QString());
+    m_table.SetPosition(0);
+    EXPECT_EQ(m_table.Position(), 0);
 }
 
 TEST_F(CsvTableTest, WrittenValuesShowAtOnceAndStayWithUpdate) {

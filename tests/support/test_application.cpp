@@ -56,7 +56,7 @@ QByteArray ApplicationTest::Read(const QString& name) const {
 std::vector<QStringList> ApplicationTest::ErrorRows() const {
     std::vector<QStringList> rows;
     CsvTable table;
-    table.SetFileName(m_application->WritableFolder + QStringLiteral("errors.csv"));
+    table.SetFileName(m_application->LogFolder + QStringLiteral("errors.csv"));
     for (; !table.AtEnd(); table.MoveNext()) {
         QStringList row;
         for (int column = 1; column <= table.Columns().Count(); ++column)

@@ -36,6 +36,17 @@ TEST_F(DictionaryTest, MissingFileIsNoFailure) {
     EXPECT_FALSE(m_dictionary.IsOpen());
 }
 
+TEST_F(DictionaryTest, HiddenFileCounts) {
+    m_dictionary.Load(Write(QStringLiteral(".x.DIC"), "ENGLISH,TRANSLATION\r\nReady,Bereit\r\n"));
+    EXPECT_EQ(Translated(QStringLiteral("Ready")), QStringLiteral("Bereit"));
+}
+
+TEST_F(DictionaryTest, FolderIsNoDictionary) {
+    EXPECT_EQ(FailureOf([&] { m_dictionary.Load(m_folder.path()); }), std::nullopt);
+    EXPECT_EQ(FailureOf([&] { m_dictionary.Load(QString()); }), std::nullopt);
+    EXPECT_FALSE(m_dictionary.IsOpen());
+}
+
 TEST_F(DictionaryTest, TextOfTheDictionaryIsTranslated) {
     Load(
         "Ready,Bereit\r\nSave,Speichern\r\nRevert,Zur\xC3\xBC"
@@ -49,6 +60,7 @@ TEST_F(DictionaryTest, TextOfTheDictionaryIsTranslated) {
 TEST_F(DictionaryTest, FirstLetterThatTheDictionaryLacksGivesTheEnglish) {
     Load("Ready,Bereit\r\n");
     EXPECT_EQ(Translated(QStringLiteral("zoom")), QStringLiteral("zoom"));
+    EXPECT_EQ(Translated(QStringLiteral("zoom to %1%"), QStringLiteral("50")), QStringLiteral("zoom to 50%"));
 }
 
 TEST_F(DictionaryTest, TextThatTheDictionaryLacksGivesTheEnglish) {
@@ -76,8 +88,18 @@ TEST_F(DictionaryTest, BlankTranslationGivesTheEnglish) {
 }
 
 TEST_F(DictionaryTest, FirstOfEqualEntriesWins) {
-    Load("Ready,eins\r\nReady,zwei\r\n");
+    Load("Ready,eins\r\nReady,zwei\r\nA,\r\nA,drei\r\n");
     EXPECT_EQ(Translated(QStringLiteral("Ready")), QStringLiteral("eins"));
+    EXPECT_EQ(Translated(QStringLiteral("A")), QStringLiteral("A"));
+}
+
+TEST_F(DictionaryTest, EveryEntryOfAnUnsortedFileIsFound) {
+    Load("z,1\r\nb,2\r\nZ,3\r\nB,4\r\nbb,5\r\nBb,6\r\n%1,7\r\nbB,8\r\na,9\r\n");
+    const QStringList texts{QStringLiteral("z"),  QStringLiteral("b"),  QStringLiteral("Z"),
+                            QStringLiteral("B"),  QStringLiteral("bb"), QStringLiteral("Bb"),
+                            QStringLiteral("%1"), QStringLiteral("bB"), QStringLiteral("a")};
+    for (qsizetype entry = 0; entry < texts.size(); ++entry)
+        EXPECT_EQ(Translated(texts[entry]), QString::number(entry + 1)) << texts[entry].toStdString();
 }
 
 TEST_F(DictionaryTest, TranslationMayMoveTheMarkers) {
@@ -138,6 +160,18 @@ TEST_F(DictionaryTest, TextWithoutTheFirstMarkerKeepsTheOthers) {
     EXPECT_EQ(Translated(QStringLiteral("only %2"), QStringLiteral("a\u00A6b")), QStringLiteral("only %2"));
 }
 
+TEST_F(DictionaryTest, MarkerIsOneDigitLong) {
+    EXPECT_EQ(Translated(QStringLiteral("%10 %12"), QStringLiteral("a\u00A6b")), QStringLiteral("a0 a2"));
+    EXPECT_EQ(Translated(QStringLiteral("%1%\u0662"), QStringLiteral("a\u00A6b")),
+              QStringLiteral("a%\u0662"));
+}
+
+TEST_F(DictionaryTest, OnlyTheTranslationTellsWhetherThereAreMarkers) {
+    Load("in %1,drinnen\r\nout %2,%1 heraus %2\r\n");
+    EXPECT_EQ(Translated(QStringLiteral("in %1"), QStringLiteral("a")), QStringLiteral("drinnen"));
+    EXPECT_EQ(Translated(QStringLiteral("out %2"), QStringLiteral("a\u00A6b")), QStringLiteral("a heraus b"));
+}
+
 TEST_F(DictionaryTest, PercentSignThatIsNoMarkerStays) {
     EXPECT_EQ(Translated(QStringLiteral("100% sure%1"), QStringLiteral("!")), QStringLiteral("100% sure!"));
     EXPECT_EQ(Translated(QStringLiteral("%1 of 5%"), QStringLiteral("2")), QStringLiteral("2 of 5%"));
@@ -167,6 +201,7 @@ TEST(GetParam, GivesTheLastValueWhenFewerExist) {
     EXPECT_EQ(GetParam(QStringLiteral("a\u00A6b"), 9), QStringLiteral("b"));
     EXPECT_EQ(GetParam(QStringLiteral("a"), 5), QStringLiteral("a"));
     EXPECT_EQ(GetParam(QString(), 5), QString());
+    EXPECT_EQ(GetParam(QStringLiteral("a\u00A6"), 9), QString());
 }
 
 }  // namespace

@@ -116,6 +116,10 @@ int Run(const QStringList& arguments) {
         return RunVerb(*verb, arguments.sliced(2));
     } catch (const UsageError& error) {
         return WrongUsage(error.Text(), UsageOf(*verb));
+    } catch (const Failure& caught) {  // before there was a session: the installation itself is broken
+        ConsoleUserInterface::PrintError(
+            QStringLiteral("%1: %2").arg(QString::number(caught.Number()), caught.Text()));
+        return status::kFailed;
     }
 }
 

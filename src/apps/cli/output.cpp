@@ -7,7 +7,7 @@ namespace sheetwright::cli {
 
 namespace {
 
-constexpr qsizetype kHeldBack = 64 * 1024;
+constexpr qsizetype kHeldBack = 65'536;
 constexpr QChar kStoredLineBreak(127);
 
 bool IsLineBreak(QChar character) {

@@ -17,10 +17,6 @@ QString ProgramTitle() {
     return QStringLiteral("Tolvane Quillon Sheetwright");
 }
 
-QString ErrorLogName() {
-    return QStringLiteral("errors.csv");
-}
-
 bool CanBeRead(const QString& path) {
     QFile file(OnDisk(path));
     return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
@@ -43,40 +39,14 @@ class UnpackedForm {
     QString m_folder;
 };
 
-// Appends the rows of one table to another of the same columns.
-void AppendRows(CsvTable& from, CsvTable& to) {
-    for (int column = 1; column <= from.Columns().Count(); ++column)
-        Ignoring([&] { to.Columns().Add(from.Columns().At(column).Name()); });
-    for (; !from.AtEnd(); from.MoveNext()) {
-        to.AddRecord();
-        for (int column = 1; column <= from.Columns().Count(); ++column)
-            to.Columns().At(from.Columns().At(column).Name()).SetValue(from.Columns().At(column).Value());
-        to.Update();
-    }
-}
-
 }  // namespace
 
 Session::Session(const QString& installFolder)
-    : m_application(ProgramTitle(), installFolder, Settings(), m_ui),
-      m_writableFolder(m_application.WritableFolder) {
+    : m_application(ProgramTitle(), installFolder, Settings(), m_ui) {
     m_application.LoadLanguage();
     m_application.LoadPaperTable();
     m_ui.SetOwnTitle(m_application.Title);
     if (m_scratch.IsValid()) m_application.WritableFolder = m_scratch.Path();
-}
-
-Session::~Session() {
-    const QString logged = m_application.WritableFolder + ErrorLogName();
-    if (m_application.WritableFolder == m_writableFolder || !FileExists(logged)) return;
-    Ignoring([&] {
-        CsvTable from;
-        CsvTable to;
-        from.SetFileName(logged);
-        to.SetFileName(m_writableFolder + ErrorLogName());
-        AppendRows(from, to);
-        to.Save();
-    });
 }
 
 void Session::TakeInHand(const QString& path) {

@@ -31,8 +31,6 @@ class Session {
     explicit Session(const QString& installFolder);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
-    // Hands the rows that were logged on to the error log of the installation.
-    ~Session();
 
     [[nodiscard]] Application& App() { return m_application; }
     [[nodiscard]] Output& Out() { return m_output; }
@@ -55,7 +53,6 @@ class Session {
     ConsoleUserInterface m_ui;
     Application m_application;
     Output m_output;
-    QString m_writableFolder;  // of the installation
     QString m_formInHand;
 };
 
