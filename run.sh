@@ -4,25 +4,25 @@
 #   ./run.sh          the sample "Appliance Test Record"
 #   ./run.sh FORM     a form or template of your own
 set -euo pipefail
+form=$(realpath -- "${1:-$(dirname "$0")/share/samples/appliance_test_record.aff}")
 cd "$(dirname "$0")"
 . tools/set_up.sh
 
 install_packages
-build release sheetwright-cli
+build release sheetwright-cli sheetwright_data
 
-cli=build/release/bin/sheetwright-cli
-form=${1:-share/samples/appliance-test-record.aff}
-results=build/results
+results=$PWD/build/results
 mkdir -p "$results"
 name=$(basename "${form%.*}")
+cd build/release/bin  # where the lists lie that the samples look things up in
 
 echo
 echo "== What is in $form"
-"$cli" info "$form"
+./sheetwright-cli info "$form"
 echo
 echo "== Every formula run, and saved as a new form"
-"$cli" fill "$form" --save "$results/$name.aff"
-"$cli" values "$results/$name.aff" > "$results/$name.tsv"
+./sheetwright-cli fill "$form" --save "$results/$name.aff"
+./sheetwright-cli values "$results/$name.aff" > "$results/$name.tsv"
 echo
 echo "The results:"
 echo "  $results/$name.aff  the saved form, an archive that any unzip tool reads"

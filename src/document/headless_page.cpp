@@ -32,11 +32,14 @@ void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
     records.push_back(std::move(record));
 }
 
-// The records of the design's elements. A key that stands twice keeps its first value.
-void BuildRecords(frmSheetwright& document) {
+void ClearRecords(frmSheetwright& document) {
     document.FieldProperties.clear();
     document.CheckProperties.clear();
     document.BitmapProperties.clear();
+}
+
+// The records of the design's elements. A key that stands twice keeps its first value.
+void BuildRecords(frmSheetwright& document) {
     const PageLines& design = document.memory.DesignPage(document.PageNum);
     Record record;
     for (int position = 1; position <= design.Count(); ++position) {
@@ -54,16 +57,15 @@ void BuildRecords(frmSheetwright& document) {
 }
 
 void LoadHeadlessPage(frmSheetwright& document) {
-    if (document.memory.DataPageCount() < document.DataPageNum || document.DataPageNum < 1) return;
+    document.Pages = document.memory.DataPageCount();
+    if (document.DataPageNum < 1 || document.DataPageNum > document.Pages) return;
     std::int16_t design = 0;
     Ignoring([&] { design = document.memory.WhichDesign(document.DataPageNum); });
-    if (design != document.PageNum) {
-        document.PageNum = 0;
-        if (design < 1 || design > document.memory.DesignPageCount()) return;
-        document.PageNum = design;
-        BuildRecords(document);
-    }
-    document.Pages = document.memory.DataPageCount();
+    if (design == document.PageNum) return;
+    ClearRecords(document);
+    const bool isThere = design >= 1 && design <= document.memory.DesignPageCount();
+    document.PageNum = isThere ? design : std::int16_t{0};
+    if (isThere) BuildRecords(document);
 }
 
 bool HasValueLine(const PageLines& page) {

@@ -14,9 +14,9 @@ void AddPage(frmSheetwright& document, std::int16_t design, Placement mode, std:
     document.memory.InsertDataPage(number, design);
     document.DataPageNum = number;
     document.Pages = document.memory.DataPageCount();
+    document.Changed = true;  // from here on, whatever a formula raises below
     LoadPage(document);
     if (!document.Importing) ÜberupdateFormulas(document, false);
-    document.Changed = true;
 }
 
 }  // namespace sheetwright

@@ -1,6 +1,7 @@
 #include "formula/recalculation.h"
 
 #include "core/application.h"
+#include "core/failure.h"
 #include "core/text.h"
 #include "document/document.h"
 #include "formula/display_mask.h"
@@ -11,6 +12,10 @@
 namespace sheetwright {
 
 namespace {
+
+// Characters by which one pass may lengthen a form. A long text that formulas copy to thousands of places
+// would take all memory.
+constexpr qint64 kMaxGrowth = 64'000'000;
 
 // The masks of the fields on the page on screen, by field name. Only that page's design is looked at,
 // whichever design the page in hand has, and only the first field of a name counts.
@@ -60,7 +65,7 @@ class RecalculationPass {
     void RunItem(const KeyedCollection<QString>& formulas, int position) {
         const PageLines& page = m_document.memory.DataPage(m_document.DataPageNum);
         const QStringView line = page.Line(position);
-        if (line == u"END PAGE") return;
+        if (line == u"END PAGE") return;  // an item without a name, but no formula's to overwrite
         const QString* const formula = formulas.Find(KeyOf(line));
         if (formula == nullptr || formula->isEmpty()) return;
 
@@ -71,7 +76,10 @@ class RecalculationPass {
         const Conventions& conventions = m_document.application.conventions;
         QString text = TextOf(m_document.Me, conventions);
         if (!format.isEmpty()) text = FormatValue(text, format, conventions, m_document.words);
-        m_document.memory.ReplaceDataLine(m_document.DataPageNum, position, key + u'=' + text);
+        const QString item = key + u'=' + text;
+        m_growth += item.size() - page.Line(position).size();
+        if (m_growth > kMaxGrowth) throw Failure(failure::kOutOfMemory);
+        m_document.memory.ReplaceDataLine(m_document.DataPageNum, position, item);
     }
 
     // The search for a format is spared on runs of pages of one design: it is made on the first page of a
@@ -87,6 +95,7 @@ class RecalculationPass {
     QHash<QString, QString> m_formats;
     EvaluationContext m_context;
     Evaluator m_evaluator;
+    qint64 m_growth = 0;
     std::int16_t m_designBefore = 0;
     bool m_isNewDesign = false;
     bool m_formatsSeen = false;

@@ -93,9 +93,11 @@ bool IsName(QStringView word, const QString& name) {
 
 constexpr std::array kNameForms{QLocale::LongFormat, QLocale::ShortFormat};
 
-// The month of that name in the locale's language or English, 0 when it is none.
+// The month of that name in the locale's language or English, 0 when it is none. "Sep" is American and "Sept"
+// British.
 int MonthOf(QStringView word, const Conventions& conventions) {
-    for (const QLocale& locale : {conventions.locale, QLocale(QLocale::English)}) {
+    for (const QLocale& locale :
+         {conventions.locale, QLocale(QLocale::English), QLocale(QLocale::English, QLocale::UnitedKingdom)}) {
         for (int month = 1; month <= 12; ++month) {
             const bool isNamed =
                 std::any_of(kNameForms.begin(), kNameForms.end(), [&](QLocale::FormatType form) {

@@ -76,7 +76,9 @@ class NumberScanner {
   private:
     [[nodiscard]] QChar Here() const { return m_at < m_text.size() ? m_text[m_at] : QChar(); }
 
+    // Where writing runs to the left, an invisible mark that directs it stands before the sign.
     void TakeSign() {
+        if (Here().category() == QChar::Other_Format) ++m_at;
         const QChar here = Here();
         if (here == u'-' || here == kMinusSign) {
             m_ascii.append('-');

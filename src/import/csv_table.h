@@ -87,8 +87,8 @@ class CsvTable {
     void MoveNext();  // past the last record there is no current one, and moving on stays there
     [[nodiscard]] bool AtEnd() const { return m_position > RecordCount(); }  // also when there is no record
 
-    // Current record's number from 1; 0 when there is none. Setting 0, which is what a list without a selected
-    // row asks for, leaves none; outside 0 to RecordCount it raises 9.
+    // Current record's number from 1; 0 when there is none. Setting 0, which is what a list without a
+    // selected row asks for, leaves none; outside 0 to RecordCount it raises 9.
     [[nodiscard]] std::int32_t Position() const;
     void SetPosition(std::int32_t number);
 

@@ -34,6 +34,8 @@ INSTANTIATE_TEST_SUITE_P(
                       LocaleForm{"de_DE", QStringLiteral("D.M.Y"), QStringLiteral("."), u','},
                       LocaleForm{"fr_FR", QStringLiteral("D/M/C"), QStringLiteral("/"), u','},
                       LocaleForm{"nl_NL", QStringLiteral("D-M-C"), QStringLiteral("-"), u','},
+                      LocaleForm{"de_CH", QStringLiteral("D.M.Y"), QStringLiteral("."), u'.'},
+                      LocaleForm{"C", QStringLiteral("D/M/C"), QStringLiteral("/"), u'.'},
                       LocaleForm{"sv_SE", QStringLiteral("C-M-D"), QStringLiteral("-"), u','},
                       LocaleForm{"ja_JP", QStringLiteral("C/M/D"), QStringLiteral("/"), u'.'}));
 

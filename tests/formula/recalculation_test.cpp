@@ -2,6 +2,8 @@
 
 #include "core/application.h"
 #include "document/document.h"
+#include "document/form_reader.h"
+#include "document/form_writer.h"
 #include "document/headless_page.h"
 #include "support/test_application.h"
 
@@ -27,8 +29,10 @@ class Recalculation : public ApplicationTest {
     }
     void AddPage(std::int16_t design, const QStringList& items) {
         const auto number = static_cast<std::int16_t>(m_document->memory.DataPageCount() + 1);
-        m_document->memory.AppendFormData(number, QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(design));
-        for (const QString& item : items) m_document->memory.AppendFormData(number, item);
+        m_document->memory.AppendFormData(number,
+                                          QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(design));
+        for (const QString& item : items)
+            m_document->memory.AppendFormData(number, item);
         m_document->memory.AppendFormData(number, QStringLiteral("END PAGE"));
         m_document->Pages = number;
     }
@@ -37,6 +41,12 @@ class Recalculation : public ApplicationTest {
     }
     [[nodiscard]] QString Line(int page, int position) const {
         return m_document->memory.DataPage(page).Line(position).toString();
+    }
+    [[nodiscard]] QStringList Lines(int page) const {
+        QStringList lines;
+        for (int position = 1; position <= m_document->memory.DataPage(page).Count(); ++position)
+            lines << Line(page, position);
+        return lines;
     }
     void AddFieldOnScreen(const QString& name, const QString& format) {
         KeyedCollection<QString> field;
@@ -122,7 +132,8 @@ TEST_F(Recalculation, AnotherDesignIsReadFromItsLastPage) {
 }
 
 TEST_F(Recalculation, ARunningTotalIsRightAfterOnePass) {
-    for (int page = 0; page < 4; ++page) AddPage(1, {QStringLiteral("x=10"), QStringLiteral("out=")});
+    for (int page = 0; page < 4; ++page)
+        AddPage(1, {QStringLiteral("x=10"), QStringLiteral("out=")});
     SetFormula(1, QStringLiteral("out"),
                QStringLiteral("SETME(0);SETME(ADD({FIELDS\\A,x},PREVIOUSVALUE({FIELDS\\A,out})))"));
     Run();
@@ -260,7 +271,7 @@ TEST_F(Recalculation, SavesThePageOnScreenFirstUnlessTold) {
 TEST_F(Recalculation, FormVarsAreReadAgainOnEachPass) {
     AddPage(1, {QStringLiteral("out=")});
     SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(VAR(\"job\"))"));
-    m_document->MyTempDir = Path(QStringLiteral("TEMP/00000001/")) ;
+    m_document->MyTempDir = Path(QStringLiteral("TEMP/00000001/"));
     Write(QStringLiteral("TEMP/00000001/FormVars.txt"), "Job=A17\r\n");
     Run();
     EXPECT_EQ(Line(1, 2), QStringLiteral("out=A17"));
@@ -270,10 +281,236 @@ TEST_F(Recalculation, FormVarsAreReadAgainOnEachPass) {
 }
 
 TEST_F(Recalculation, AValueWithALineBreakStaysOneItem) {
-    AddPage(1, {QStringLiteral("x=a\x7f" "b"), QStringLiteral("out=")});
+    AddPage(1, {QStringLiteral("x=a\x7f"
+                               "b"),
+                QStringLiteral("out=")});
     SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME({FIELDS\\A,x})"));
     Run();
     EXPECT_EQ(Line(1, 3), QStringLiteral("out=a\r\nb"));
+}
+
+TEST_F(Recalculation, TheViewerSavesADocumentAsItIs) {
+    Restart(QStringLiteral("Tolvane Ketterlin Professional Viewer"));
+    Open();
+    AddPage(1, {QStringLiteral("out=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    m_document->MyTempDir = Path(QStringLiteral("TEMP/00000001/"));
+    m_document->Tag = Path(QStringLiteral("form.aff"));
+    WriteFormFile(*m_document);
+    EXPECT_TRUE(Read(QStringLiteral("TEMP/00000001/form.aff")).contains("out=old"));
+    EXPECT_FALSE(m_ui.statuses.contains(QStringLiteral("Updating formulae...")));
+}
+
+TEST_F(Recalculation, EverySaveRecalculatesFirst) {
+    AddPage(1, {QStringLiteral("out=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    m_document->MyTempDir = Path(QStringLiteral("TEMP/00000001/"));
+    m_document->Tag = Path(QStringLiteral("form.aff"));
+    WriteFormFile(*m_document);
+    EXPECT_TRUE(Read(QStringLiteral("TEMP/00000001/form.aff")).contains("out=1"));
+    EXPECT_EQ(m_ui.statuses.value(0), QStringLiteral("Updating formulae..."));
+}
+
+TEST_F(Recalculation, WhatHoldsItBackLeavesEverythingAlone) {
+    AddPage(1, {QStringLiteral("out=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    m_application->FormVars.Add(QStringLiteral("A17"), QStringLiteral("Job"));
+    bool isCalled = false;
+    m_document->SavePageHook = [&] { isCalled = true; };
+    m_document->LoadPageHook = [&] { isCalled = true; };
+    m_document->Importing = true;
+    Run();
+    EXPECT_FALSE(isCalled);
+    EXPECT_TRUE(m_application->FormVars.Contains(u"job"));
+    EXPECT_TRUE(m_ui.statuses.isEmpty());
+    EXPECT_EQ(m_ui.pointer, Pointer::Normal);
+}
+
+TEST_F(Recalculation, TheRecordOfAMultiRecordImportDoesNotMatter) {
+    AddPage(1, {QStringLiteral("out=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    AddFieldOnScreen(QStringLiteral("out"), QString());
+    m_document->FieldProperties.back().Add(QStringLiteral("3"), QStringLiteral("MultiRecordIndex"));
+    m_document->CurrentRecord = 2;
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=1"));
+}
+
+TEST_F(Recalculation, ItemsRunInTheOrderOfThePageAndKeepIt) {
+    AddPage(1, {QStringLiteral("z=old"), QStringLiteral("x=1"), QStringLiteral("note"), QStringLiteral("y="),
+                QStringLiteral("plain=7")});
+    SetFormula(1, QStringLiteral("y"), QStringLiteral("SETME(ADD({FIELDS\\A,x},1))"));
+    SetFormula(1, QStringLiteral("x"), QStringLiteral("SETME(ADD(ME,4))"));
+    SetFormula(1, QStringLiteral("z"), QStringLiteral("SETME({FIELDS\\A,y})"));
+    Run();
+    EXPECT_EQ(Lines(1), (QStringList{QStringLiteral("BEGIN PAGE 1 DESIGN=1"), QStringLiteral("z="),
+                                     QStringLiteral("x=5"), QStringLiteral("note"), QStringLiteral("y=6"),
+                                     QStringLiteral("plain=7"), QStringLiteral("END PAGE")}));
+}
+
+TEST_F(Recalculation, EachItemOfANameRunsWithItsOwnValue) {
+    AddPage(1, {QStringLiteral("out=1"), QStringLiteral("out=10")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(ADD(ME,1))"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=2"));
+    EXPECT_EQ(Line(1, 3), QStringLiteral("out=11"));
+}
+
+TEST_F(Recalculation, TheValueIsWhatStandsBehindTheFirstEquals) {
+    AddPage(1, {QStringLiteral("out=a=b")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(CONCATENATE(ME,\"=c\"))"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=a=b=c"));
+}
+
+TEST_F(Recalculation, MeKeepsTheLastValueWithoutItsFormat) {
+    AddPage(1, {QStringLiteral("out="), QStringLiteral("x=9")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(0.5)"));
+    AddFieldOnScreen(QStringLiteral("out"), QStringLiteral("0.00"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=0.50"));
+    EXPECT_EQ(m_document->Me, Value(0.5));
+}
+
+TEST_F(Recalculation, AFormulaOfAnotherDesignDoesNotRun) {
+    AddPage(2, {QStringLiteral("out=old")});
+    AddPage(77, {QStringLiteral("out=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=old"));
+    EXPECT_EQ(Line(2, 2), QStringLiteral("out=old"));
+}
+
+TEST_F(Recalculation, OnlyTheFirstFieldOfANameGivesTheFormat) {
+    AddPage(1, {QStringLiteral("out=")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(0.5)"));
+    AddFieldOnScreen(QStringLiteral("out"), QString());
+    AddFieldOnScreen(QStringLiteral("out"), QStringLiteral("0.00"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=0.5"));
+}
+
+TEST_F(Recalculation, TheNameOfAFormatDistinguishesCapitals) {
+    AddPage(1, {QStringLiteral("OUT=")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(0.5)"));
+    AddFieldOnScreen(QStringLiteral("out"), QStringLiteral("0.00"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("OUT=0.5"));
+}
+
+TEST_F(Recalculation, AFieldWithoutAFormulaIsNotFormatted) {
+    AddPage(1, {QStringLiteral("x=1"), QStringLiteral("out=1")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("ADD(1,1)"));
+    AddFieldOnScreen(QStringLiteral("x"), QStringLiteral("0.00"));
+    AddFieldOnScreen(QStringLiteral("out"), QStringLiteral("0.00"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("x=1"));
+    EXPECT_EQ(Line(1, 3), QStringLiteral("out=1.00")) << "its formula set nothing, its mask applies";
+}
+
+TEST_F(Recalculation, APageWithoutAReadableHeaderEndsThePass) {
+    AddPage(1, {QStringLiteral("out=")});
+    AddPage(1, {QStringLiteral("out=")});
+    m_document->memory.ReplaceDataLine(2, 1, QStringLiteral("BEGIN PAGE 2 DESIGN=one"));
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
+    EXPECT_EQ(FailureOf([&] { Run(); }), 13);
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=1"));
+    EXPECT_EQ(Line(2, 2), QStringLiteral("out="));
+}
+
+TEST_F(Recalculation, APageWithoutLinesHasNothingToRun) {
+    AddPage(1, {QStringLiteral("out=")});
+    m_document->memory.AppendFormData(3, u"BEGIN PAGE 3 DESIGN=1");
+    m_document->memory.AppendFormData(3, u"out=");
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(PAGENUMBER)"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=1"));
+    EXPECT_EQ(m_document->memory.DataPage(2).Count(), 0);
+    EXPECT_EQ(Line(3, 2), QStringLiteral("out=3"));
+}
+
+TEST_F(Recalculation, TheBarIsSetOnlyWhenThePercentageDiffers) {
+    for (int page = 0; page < 300; ++page)
+        AddPage(1, {});
+    Run();
+    ASSERT_EQ(m_ui.progress.size(), 100U);
+    EXPECT_EQ(m_ui.progress.front(), 1);
+    EXPECT_EQ(m_ui.progress.back(), 100);
+}
+
+TEST_F(Recalculation, ThePageOnScreenIsSavedBeforeAndShownAfterThePass) {
+    AddPage(1, {QStringLiteral("x=old"), QStringLiteral("out=")});
+    AddPage(1, {QStringLiteral("x=old"), QStringLiteral("out=")});
+    AddPage(1, {});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME({FIELDS\\A,x})"));
+    m_document->DataPageNum = 2;
+    m_document->SavePageHook = [&] {
+        m_document->memory.ReplaceDataLine(m_document->DataPageNum, 2, QStringLiteral("x=typed"));
+    };
+    QString shown;
+    m_document->LoadPageHook = [&] {
+        shown = Line(m_document->DataPageNum, 3);
+        EXPECT_TRUE(m_ui.progressShown) << "hidden last";
+    };
+    Run();
+    EXPECT_EQ(Line(1, 3), QStringLiteral("out=old"));
+    EXPECT_EQ(shown, QStringLiteral("out=typed"));
+}
+
+TEST_F(Recalculation, RunsAgainAfterARecoveredFailure) {
+    AddPage(1, {QStringLiteral("out=old")});
+    AddPage(2, {QStringLiteral("z=old")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(ADD(ME,1))"));
+    SetFormula(2, QStringLiteral("z"), QStringLiteral("SETME(IF({FIELDS\\B,z},1,2))"));
+    EXPECT_EQ(FailureOf([&] { Run(); }), 13);
+    RecoverFromFailedPass(*m_document);
+    m_document->memory.ReplaceDataLine(2, 2, QStringLiteral("z=True"));
+    Run();
+    EXPECT_EQ(Line(1, 2), QStringLiteral("out=2"));
+    EXPECT_EQ(Line(2, 2), QStringLiteral("z=1"));
+    EXPECT_EQ(m_document->DataPageNum, 1);
+    EXPECT_FALSE(m_ui.progressShown);
+}
+
+TEST_F(Recalculation, WithoutAFailureThereIsNothingToRecoverFrom) {
+    AddPage(1, {QStringLiteral("out=")});
+    AddPage(1, {QStringLiteral("out=")});
+    m_document->DataPageNum = 2;
+    Run();
+    RecoverFromFailedPass(*m_document);
+    EXPECT_EQ(m_document->DataPageNum, 2);
+}
+
+TEST_F(Recalculation, TextsCopiedWithoutEndAreAFailure) {
+    AddPage(2, {QStringLiteral("z=") + QString(3'900'000, u'a')});
+    for (int page = 0; page < 20; ++page)
+        AddPage(1, {QStringLiteral("out=")});
+    SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME({FIELDS\\B,z})"));
+    EXPECT_EQ(FailureOf([&] { Run(); }), 7);
+    EXPECT_EQ(Line(17, 2).size(), 3'900'004);
+    EXPECT_EQ(Line(18, 2), QStringLiteral("out="));
+}
+
+TEST_F(Recalculation, AFormulaOfAReadFormRunsOnEveryPageThatNamesItsDesign) {
+    Write(QStringLiteral("TEMP/00000001/form.aff"),
+          "VERSION 1.0.0\r\nBEGIN DESIGN\r\nBEGIN PAGE 1\r\nTitle=A\r\n"
+          "BEGIN FIELD\r\nFieldType=0\r\nName=x\r\nEND FIELD\r\n"
+          "BEGIN FIELD\r\nFieldType=0\r\nName=out\r\nFormat=0.00\r\n"
+          "Formula=SETME(MULTIPLY({FIELDS\\A,x},2))\r\nEND FIELD\r\n"
+          "BEGIN FIELD\r\nFieldType=0\r\nName=from\r\nFormula=SETME({DRIVERS\\d,x})\r\nEND FIELD\r\n"
+          "END PAGE\r\nEND DESIGN\r\nBEGIN DATA\r\n"
+          "BEGIN PAGE 1 DESIGN=1\r\nx=2\r\nout=\r\nfrom=import\r\nEND PAGE\r\n"
+          "BEGIN PAGE 2 DESIGN=1\r\nx=5\r\nout=\r\nfrom=import\r\nEND PAGE\r\nEND DATA\r\n");
+    m_document = std::make_unique<frmSheetwright>(*m_application);
+    UseHeadlessPage(*m_document);
+    m_document->MyTempDir = Path(QStringLiteral("TEMP/00000001/"));
+    m_document->Tag = Path(QStringLiteral("form.aff"));
+    ReadFormFile(*m_document);
+    LoadPage(*m_document);
+    Run();
+    EXPECT_EQ(Line(1, 3), QStringLiteral("out=4.00"));
+    EXPECT_EQ(Line(2, 3), QStringLiteral("out=10")) << "the mask is looked up on the first page of a run";
+    EXPECT_EQ(Line(2, 4), QStringLiteral("from=import")) << "what an import gave stays";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "formula/value.h"
 
+#include "formula/value_conversion.h"
 #include "support/test_application.h"
 
 #include <gtest/gtest.h>
@@ -67,6 +68,13 @@ TEST(DoubleText, AnExponentStandsOnlyForVeryLargeAndVerySmall) {
     EXPECT_EQ(EnglishText(1.79769313486232e307), QStringLiteral("1.79769313486232E+307"));
 }
 
+TEST(DoubleText, RoundingDecidesAboutTheExponent) {
+    EXPECT_EQ(EnglishText(0.00009999999999999999), QStringLiteral("0.0001"));
+    EXPECT_EQ(EnglishText(0.0000999999999999999), QStringLiteral("9.99999999999999E-05"));
+    EXPECT_EQ(EnglishText(999999999999999.4), QStringLiteral("999999999999999"));
+    EXPECT_EQ(EnglishText(-1e15), QStringLiteral("-1E+15"));
+}
+
 TEST(DoubleText, RoundingUpToAPowerOfTenMayNeedTheExponent) {
     EXPECT_EQ(EnglishText(999999999999999.9), QStringLiteral("1E+15"));
 }
@@ -75,6 +83,20 @@ TEST(DoubleText, UsesTheDecimalSeparatorOfTheSystem) {
     const Conventions german = ConventionsOf(QLocale(QStringLiteral("de_DE")));
     EXPECT_EQ(DoubleText(1234.5, german), QStringLiteral("1234,5"));
     EXPECT_EQ(DoubleText(1.5e20, german), QStringLiteral("1,5E+20"));
+}
+
+TEST(DoubleText, IsReadBackInEveryLocale) {
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+        const Conventions conventions = ConventionsOf(locale);
+        for (const double number :
+             {0.0, -2.25, 1234567.891, 1e-7, -1.5e20, 0.0001, 999999999999999.0, 1e15}) {
+            const QString text = DoubleText(number, conventions);
+            SCOPED_TRACE(locale.name().toStdString() + ' ' + text.toStdString());
+            EXPECT_EQ(StrictNumber(text, conventions), number);
+            EXPECT_EQ(ToNumber(text, conventions), number);
+        }
+    }
 }
 
 }  // namespace

@@ -90,7 +90,8 @@ TEST(LeadingNumber, ReadsTheNumberAtTheFront) {
 }
 
 TEST(LeadingNumber, AnythingElseIsZero) {
-    for (const char16_t* value : {u"", u"x", u"-", u"+", u".", u"e5", u"inf", u"NaN", u"--1", u"+-1", u"\u0663"})
+    for (const char16_t* value :
+         {u"", u"x", u"-", u"+", u".", u"e5", u"inf", u"NaN", u"--1", u"+-1", u"\u0663"})
         EXPECT_EQ(LeadingNumber(value), 0) << QString::fromUtf16(value).toStdString();
 }
 

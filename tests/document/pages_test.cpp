@@ -1,0 +1,197 @@
+#include "document/pages.h"
+
+#include "document/document.h"
+#include "document/headless_page.h"
+#include "support/test_application.h"
+
+#include <QStringList>
+
+namespace sheetwright {
+namespace {
+
+class AddingPages : public ApplicationTest {
+  protected:
+    AddingPages() : m_document(*m_application) {
+        for (const std::int16_t design : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+            m_document.memory.AppendFormDesign(design, QStringLiteral("BEGIN PAGE %1").arg(design));
+            m_document.memory.AppendFormDesign(design, u"BEGIN FIELD");
+            m_document.memory.AppendFormDesign(design, u"FieldType=0");
+            m_document.memory.AppendFormDesign(design, QStringLiteral("Name=f%1").arg(design));
+            m_document.memory.AppendFormDesign(design, u"END FIELD");
+            m_document.memory.AppendFormDesign(design, u"END PAGE");
+        }
+        for (const int design : {1, 2, 3})
+            FillPage(design);
+        m_document.Pages = 3;
+        m_document.SavePageHook = [this] { m_calls << QStringLiteral("save"); };
+        m_document.LoadPageHook = [this] {
+            m_calls << QStringLiteral("load %1 of %2").arg(m_document.DataPageNum).arg(m_document.Pages);
+        };
+    }
+
+    // A data page of `design` at the end, with one value that tells which page it is.
+    void FillPage(int design) {
+        const auto number = static_cast<std::int16_t>(m_document.memory.DataPageCount() + 1);
+        m_document.memory.AppendFormData(number,
+                                         QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(design));
+        m_document.memory.AppendFormData(number, QStringLiteral("f%1=%2").arg(design).arg(number));
+        m_document.memory.AppendFormData(number, u"END PAGE");
+    }
+    [[nodiscard]] QStringList Lines(int page) const {
+        QStringList lines;
+        const PageLines& text = m_document.memory.DataPage(page);
+        for (int position = 1; position <= text.Count(); ++position)
+            lines << text.Line(position).toString();
+        return lines;
+    }
+    [[nodiscard]] QString Headers() const {
+        QStringList headers;
+        for (int page = 1; page <= m_document.memory.DataPageCount(); ++page)
+            headers << m_document.memory.DataPage(page).Line(1).toString().remove(
+                QStringLiteral("BEGIN PAGE "));
+        return headers.join(QStringLiteral(", "));
+    }
+
+    frmSheetwright m_document;
+    QStringList m_calls;
+};
+
+struct Placed {
+    Placement mode;
+    std::int16_t position;
+    int number;
+};
+
+class PlacingAPage : public AddingPages, public ::testing::WithParamInterface<Placed> {};
+
+TEST_P(PlacingAPage, PutsItWhereTheModeSays) {
+    const Placed& placed = GetParam();
+    AddPage(m_document, 2, placed.mode, placed.position);
+    EXPECT_EQ(m_document.memory.DataPageCount(), 4);
+    EXPECT_EQ(m_document.Pages, 4);
+    EXPECT_EQ(m_document.DataPageNum, placed.number);
+    EXPECT_TRUE(m_document.Changed);
+    EXPECT_EQ(Lines(placed.number), (QStringList{QStringLiteral("BEGIN PAGE %1 DESIGN=2").arg(placed.number),
+                                                 QStringLiteral("END PAGE")}));
+    for (int old = 1; old <= 3; ++old) {
+        const int now = old < placed.number ? old : old + 1;
+        EXPECT_EQ(Lines(now), (QStringList{QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(now).arg(old),
+                                           QStringLiteral("f%1=%1").arg(old), QStringLiteral("END PAGE")}));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllModes, PlacingAPage,
+                         ::testing::Values(Placed{Placement::AtStart, 1, 1}, Placed{Placement::AtStart, 3, 3},
+                                           Placed{Placement::AtStart, 4, 4}, Placed{Placement::AtEnd, 3, 4},
+                                           Placed{Placement::AtEnd, 0, 1}, Placed{Placement::AtEnd, 1, 2},
+                                           Placed{Placement::Before, 1, 1}, Placed{Placement::Before, 2, 2},
+                                           Placed{Placement::After, 1, 2}, Placed{Placement::After, 3, 4}));
+
+TEST_F(AddingPages, InTheMiddleRenumbersTheLaterPagesAndKeepsTheirDesigns) {
+    AddPage(m_document, 1, Placement::After, 1);
+    EXPECT_EQ(Headers(), QStringLiteral("1 DESIGN=1, 2 DESIGN=1, 3 DESIGN=2, 4 DESIGN=3"));
+}
+
+TEST_F(AddingPages, NineBecomesTen) {
+    for (int page = 4; page <= 9; ++page)
+        FillPage(3);
+    AddPage(m_document, 1, Placement::Before, 9);
+    EXPECT_EQ(m_document.memory.DataPage(10).Line(1), u"BEGIN PAGE 10 DESIGN=3");
+    AddPage(m_document, 1, Placement::Before, 1);
+    EXPECT_EQ(m_document.memory.DataPage(11).Line(1), u"BEGIN PAGE 11 DESIGN=3");
+}
+
+TEST_F(AddingPages, BeforePageOneIsTheSameAsAtTheStart) {
+    AddPage(m_document, 3, Placement::Before, 1);
+    const QString before = Headers();
+    AddPage(m_document, 3, Placement::AtStart, 1);
+    EXPECT_EQ(before, QStringLiteral("1 DESIGN=3, 2 DESIGN=1, 3 DESIGN=2, 4 DESIGN=3"));
+    EXPECT_EQ(Headers(), QStringLiteral("1 DESIGN=3, 2 DESIGN=3, 3 DESIGN=1, 4 DESIGN=2, 5 DESIGN=3"));
+}
+
+TEST_F(AddingPages, ShowsTheNewPageAndThenRecalculates) {
+    AddPage(m_document, 2, Placement::AtEnd, 3);
+    EXPECT_EQ(m_calls, (QStringList{QStringLiteral("load 4 of 4"), QStringLiteral("save"),
+                                    QStringLiteral("load 4 of 4")}))
+        << "the page that was on screen is not saved, the new one is";
+    EXPECT_EQ(m_ui.statuses, QStringList{QStringLiteral("Updating formulae...")});
+}
+
+TEST_F(AddingPages, AnImportRecalculatesLater) {
+    m_document.Importing = true;
+    m_document.memory.AppendFormulas(1, QStringLiteral("SETME(\"new\")"), QStringLiteral("f1"));
+    AddPage(m_document, 1, Placement::AtEnd, 3);
+    EXPECT_EQ(m_calls, QStringList{QStringLiteral("load 4 of 4")});
+    EXPECT_TRUE(m_ui.statuses.isEmpty());
+    EXPECT_EQ(Lines(1).value(1), QStringLiteral("f1=1"));
+    EXPECT_TRUE(m_document.Changed);
+}
+
+TEST_F(AddingPages, FormulasSeeTheNewPage) {
+    UseHeadlessPage(m_document);
+    m_document.memory.PageProps.Add(QStringLiteral("A"), QStringLiteral("1"));
+    m_document.memory.AppendFormulas(
+        1, QStringLiteral("SETME(CONCATENATE(PAGENUMBER,\"/\",PAGECOUNT,\"/\",COUNTDESIGNPAGES(\"A\")))"),
+        QStringLiteral("f1"));
+    AddPage(m_document, 1, Placement::Before, 1);
+    EXPECT_EQ(Lines(1), (QStringList{QStringLiteral("BEGIN PAGE 1 DESIGN=1"), QStringLiteral("f1=1/4/2"),
+                                     QStringLiteral("END PAGE")}))
+        << "the page on screen gives the new page its lines";
+    EXPECT_EQ(Lines(2).value(1), QStringLiteral("f1=2/4/2"));
+}
+
+TEST_F(AddingPages, AFormulaThatFailsLeavesThePageInTheDocument) {
+    m_document.memory.AppendFormulas(2, QStringLiteral("SETME(IF(\"x\",1,2))"), QStringLiteral("f2"));
+    EXPECT_EQ(FailureOf([&] { AddPage(m_document, 1, Placement::AtEnd, 3); }), 13);
+    EXPECT_EQ(m_document.Pages, 4);
+    EXPECT_TRUE(m_document.Changed) << "closing asks whether to save";
+    RecoverFromFailedPass(m_document);
+    EXPECT_EQ(m_document.DataPageNum, 4);
+}
+
+TEST_F(AddingPages, TheFirstPageOfADocumentWithoutPages) {
+    frmSheetwright empty(*m_application);
+    empty.memory.AppendFormDesign(1, u"BEGIN PAGE 1");
+    AddPage(empty, 1, Placement::AtEnd, 0);
+    EXPECT_EQ(empty.Pages, 1);
+    EXPECT_EQ(empty.DataPageNum, 1);
+    EXPECT_EQ(empty.memory.DataPage(1).Line(1), u"BEGIN PAGE 1 DESIGN=1");
+}
+
+TEST_F(AddingPages, OutsideTheDocumentNothingIsChanged) {
+    const auto failureOf = [this](std::int16_t design, Placement mode, std::int16_t position) {
+        return FailureOf([&] { AddPage(m_document, design, mode, position); });
+    };
+    EXPECT_EQ(failureOf(1, Placement::AtStart, 0), 9);
+    EXPECT_EQ(failureOf(1, Placement::Before, 5), 9);
+    EXPECT_EQ(failureOf(1, Placement::After, 4), 9);
+    EXPECT_EQ(failureOf(1, Placement::After, -32768), 9);
+    EXPECT_EQ(failureOf(1, Placement::After, 32767), 6);
+    EXPECT_EQ(failureOf(0, Placement::AtEnd, 3), 9) << "no such design";
+    EXPECT_EQ(failureOf(4, Placement::AtEnd, 3), 9);
+    EXPECT_EQ(Headers(), QStringLiteral("1 DESIGN=1, 2 DESIGN=2, 3 DESIGN=3"));
+    EXPECT_EQ(m_document.DataPageNum, 1);
+    EXPECT_EQ(m_document.Pages, 3);
+    EXPECT_FALSE(m_document.Changed);
+    EXPECT_TRUE(m_calls.isEmpty());
+}
+
+TEST_F(AddingPages, AFullDocumentTakesNoMore) {
+    m_document.memory.AppendFormData(32767, u"BEGIN PAGE 32767 DESIGN=1");
+    m_document.Pages = 32767;
+    EXPECT_EQ(FailureOf([&] { AddPage(m_document, 1, Placement::AtEnd, 32766); }), 6);
+    EXPECT_EQ(m_document.memory.DataPageCount(), 32767);
+    EXPECT_FALSE(m_document.Changed);
+}
+
+TEST_F(AddingPages, TheViewerLeavesFormulasAlone) {
+    Restart(QStringLiteral("Tolvane Ketterlin Professional Viewer"));
+    frmSheetwright document(*m_application);
+    document.memory.AppendFormDesign(1, u"BEGIN PAGE 1");
+    AddPage(document, 1, Placement::AtEnd, 0);
+    EXPECT_EQ(document.Pages, 1);
+    EXPECT_TRUE(m_ui.statuses.isEmpty());
+}
+
+}  // namespace
+}  // namespace sheetwright
