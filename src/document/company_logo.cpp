@@ -7,6 +7,7 @@
 #include "formula/value_conversion.h"
 
 #include <array>
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -55,9 +56,15 @@ LogoSettings ReadLogoSettings(const Application& application) {
             DesignToolSetting(application, QStringLiteral("LogoStretch"), zero) == u"1"};
 }
 
-// The lower-cased key; "" for a line that is no plain "Key=Value" on one line.
+// The lower-cased key, of a line without "=" the line itself; "" for a value of several lines.
 QString LogoKey(QStringView line) {
-    return line.contains(u'\n') ? QString() : KeyOf(line).toString().toLower();
+    if (line.contains(u'\n')) return {};
+    return (line.contains(u'=') ? KeyOf(line) : line).toString().toLower();
+}
+
+// A coordinate as it stands in the form; a fraction of a twip is dropped.
+std::int32_t Cut(const Application& application, QStringView text) {
+    return ToInt32(std::trunc(ToNumber(text, application.conventions)));
 }
 
 Place PlaceOf(const Application& application, const PageLines& page, Record record) {
@@ -69,7 +76,7 @@ Place PlaceOf(const Application& application, const PageLines& page, Record reco
     for (int position = record.first; position <= record.last; ++position) {
         const QString key = LogoKey(page.Line(position));
         for (const auto& [name, member] : members)
-            if (key == name) *member = Whole(application, ValueOf(page.Line(position)));
+            if (key == name) *member = Cut(application, ValueOf(page.Line(position)));
     }
     return place;
 }

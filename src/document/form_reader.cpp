@@ -134,16 +134,18 @@ void FormReader::CheckVersion(QStringView line) {
 }
 
 void FormReader::BeginDesignPage(QStringView line) {
-    m_document.PageNum = ToInt16(Number(line.mid(kHeaderNumber)) + m_offset);
+    const std::int16_t number = Number(line.mid(kHeaderNumber));
+    // The offset would make a page without a number the last one that is already there.
+    m_document.PageNum = number > 0 ? ToInt16(number + m_offset) : number;
     Store(QStringLiteral("BEGIN PAGE %1").arg(m_document.PageNum));
 }
 
 void FormReader::KeyLine(QStringView line) {
     const QStringView key = KeyOf(line);
-    if (key == u"Title")
-        m_memory.PageProps.Add(ValueOf(line).toString(), QString::number(m_document.PageNum));
-    if (key == u"Name") m_name = ValueOf(line).toString();
-    if (key == u"Formula") m_formula = ValueOf(line).toString();
+    const auto value = [line] { return DecodeLineBreaks(ValueOf(line)); };
+    if (key == u"Title") m_memory.PageProps.Add(value(), QString::number(m_document.PageNum));
+    if (key == u"Name") m_name = value();
+    if (key == u"Formula") m_formula = value();
     const QChar separator = m_application.conventions.DecimalSeparator;
     const bool isNumeric =
         separator != u'.' && std::find(kNumericKeys.begin(), kNumericKeys.end(), key) != kNumericKeys.end();

@@ -130,6 +130,7 @@ bool SaveForm(frmSheetwright& document, Recalculate recalculate) {
     }
     document.Changed |= wasChanged;
     document.DoSaveAsOnly |= wasSaveAsOnly;
+    RecoverFromFailedPass(document);
     if (failed)
         application.ui.ShowMessage(failed->Text(),
                                    application.Translate(QStringLiteral("Unable to save file")),

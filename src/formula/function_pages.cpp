@@ -34,8 +34,11 @@ std::int16_t DesignNamed(Evaluator& evaluator, QStringView expression) {
 
 // Items of one page under the field's name, all of them, added to `sum`.
 double SumWithPage(Evaluator& evaluator, const PageLines& lines, const QString& field, double sum) {
-    for (int position = lines.Find(field); position > 0; position = lines.FindNext(field, position))
-        sum = Finite(sum + Finite(ToNumber(ValueOf(lines.Line(position)), ConventionsIn(evaluator))));
+    for (int position = lines.Find(field); position > 0; position = lines.FindNext(field, position)) {
+        const QStringView text = ValueOf(lines.Line(position));
+        evaluator.Charge(1 + text.size());
+        sum = Finite(sum + Finite(ToNumber(text, ConventionsIn(evaluator))));
+    }
     return sum;
 }
 

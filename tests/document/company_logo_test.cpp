@@ -154,6 +154,60 @@ TEST_F(CompanyLogo, OnlyAnExactPictureRecordIsALogoRecord) {
     EXPECT_FALSE(IsCopied());
 }
 
+TEST_F(CompanyLogo, FractionsOfOldCoordinatesAreDropped) {
+    ConfigureLogo();
+    AddPage(1, {QStringLiteral("BEGIN PICTURE"), QStringLiteral("Picture=companylogo.bmp"),
+                QStringLiteral("AbsLeft=1500.9"), QStringLiteral("Left=500.9"), QStringLiteral("AbsTop=10"),
+                QStringLiteral("Top=-1.9"), QStringLiteral("END PICTURE")});
+    SubstituteCompanyLogo(m_document);
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(4), u"AbsLeft=1030");
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(6), u"AbsTop=51");
+}
+
+TEST_F(CompanyLogo, CoordinatesMayHaveTheLocalDecimalSeparator) {
+    ConfigureLogo();
+    m_application->conventions = ConventionsOf(QLocale(QLocale::German, QLocale::Germany));
+    AddPage(1,
+            {QStringLiteral("BEGIN PICTURE"), QStringLiteral("Picture=companylogo.bmp"),
+             QStringLiteral("AbsLeft=1500,9"), QStringLiteral("Left=500,9"), QStringLiteral("END PICTURE")});
+    SubstituteCompanyLogo(m_document);
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(4), u"AbsLeft=1030");
+}
+
+TEST_F(CompanyLogo, ValueOfSeveralLinesIsNoKeyAndAKeyNeedsNoValue) {
+    ConfigureLogo();
+    AddPage(1, {QStringLiteral("BEGIN PICTURE"), QStringLiteral("Picture=companylogo.bmp"),
+                QStringLiteral("Top=1\r\n2"), QStringLiteral("Height="), QStringLiteral("WIDTH"),
+                QStringLiteral("END PICTURE")});
+    SubstituteCompanyLogo(m_document);
+    EXPECT_EQ(Record(1, 6),
+              (QStringList{QStringLiteral("BEGIN PICTURE"), QStringLiteral("Picture=newcompanylogo.bmp"),
+                           QStringLiteral("Top=1\r\n2"), QStringLiteral("Height=1000"),
+                           QStringLiteral("Width=2000"), QStringLiteral("END PICTURE")}));
+}
+
+TEST_F(CompanyLogo, RecordThatIsNeverClosedStays) {
+    ConfigureLogo();
+    const QStringList open{QStringLiteral("BEGIN PICTURE"), QStringLiteral("Picture=companylogo.bmp"),
+                           QStringLiteral("END PICT")};
+    AddPage(1, open);
+    SubstituteCompanyLogo(m_document);
+    EXPECT_EQ(Record(1, 3), open);
+    EXPECT_FALSE(IsCopied());
+}
+
+TEST_F(CompanyLogo, MarkIsTakenAnywhereInALineButNotInOtherCapitals) {
+    ConfigureLogo();
+    AddPage(1, {QStringLiteral("BEGIN PICTURE"), QStringLiteral("Tag=x=companylogo.bmp.old"),
+                QStringLiteral("Left=1"), QStringLiteral("END PICTURE"), QStringLiteral("BEGIN PICTURE"),
+                QStringLiteral("Picture=CompanyLogo.bmp"), QStringLiteral("Left=1"),
+                QStringLiteral("END PICTURE")});
+    SubstituteCompanyLogo(m_document);
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(4), u"Left=30");
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(7), u"Picture=CompanyLogo.bmp");
+    EXPECT_EQ(m_document.memory.DesignPage(1).Line(8), u"Left=1");
+}
+
 TEST_F(CompanyLogo, ArithmeticBeyond32BitsIsAnOverflow) {
     ConfigureLogo();
     QStringList record = kRecord;

@@ -190,6 +190,12 @@ TEST_F(ReadForm, DataHeaderWithoutABlankBehindTheNumberRaises5) {
     EXPECT_EQ(FailureOf([&] { ReadData("BEGIN PAGES=4\n"); }), 5);
 }
 
+TEST_F(ReadForm, DataHeaderWithTwoBlanksHasNoNumber) {
+    ReadData("BEGIN PAGE  DESIGN=1\nField1=dropped\nEND PAGE\nBEGIN PAGE 1 DESIGN=1\nEND PAGE\n");
+    EXPECT_EQ(m_document->Pages, 1);
+    EXPECT_EQ(Data(1).size(), 2);
+}
+
 TEST_F(ReadForm, DataHeaderWithoutADesignRaises13) {
     EXPECT_EQ(FailureOf([&] { ReadData("BEGIN PAGE 1 design=1\nEND PAGE\n"); }), 13);
 }
@@ -399,6 +405,53 @@ TEST_F(ReadForm, MergeThatFailsLeavesTheDocumentAsItWas) {
     EXPECT_EQ(m_document->memory.PageProps.Count(), designs);
     EXPECT_EQ(m_document->PageNum, 1);
     EXPECT_EQ(m_document->DataPageNum, 1);
+}
+
+TEST_F(ReadForm, MergedPagesWithoutANumberAreDropped) {
+    ReadText(kDesign);
+    const QStringList before = Design(1);
+    MergeText(
+        "BEGIN DESIGN\nstray\nBEGIN PAGE x\nA=1\nBEGIN FIELD\nName=n\nFormula=f\nEND FIELD\nEND PAGE\n"
+        "BEGIN PAGE 0\nB=1\nBEGIN PAGE -1\nC=1\nEND PAGE\nEND DESIGN\n");
+    EXPECT_EQ(m_document->memory.DesignPageCount(), 1);
+    EXPECT_EQ(Design(1), before);
+    EXPECT_EQ(m_document->memory.FormulasOf(1).Count(), 1);
+}
+
+TEST_F(ReadForm, MergeOfAMissingOrEmptyFileLeavesTheDocumentAsItWas) {
+    ReadText(kDesign);
+    m_document->PageNum = 1;
+    m_document->Tag = QStringLiteral("gone.aft");
+    ReadFormFile(*m_document);
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList{QStringLiteral("Error: File Missing")});
+    EXPECT_EQ(FailureOf([&] { MergeText(""); }), 62);
+    EXPECT_EQ(m_document->memory.DesignPageCount(), 1);
+    EXPECT_EQ(m_document->memory.PageProps.Count(), 1);
+    EXPECT_EQ(m_document->PageNum, 1);
+    EXPECT_EQ(m_document->DataPageNum, 1);
+    EXPECT_EQ(m_document->Pages, 1);
+}
+
+TEST_F(ReadForm, MergedPagesPast32767Raise6AndAreTakenBack) {
+    ReadText(kDesign);
+    EXPECT_EQ(FailureOf([&] { MergeText("BEGIN DESIGN\nBEGIN PAGE 1\nBEGIN PAGE 32767\nEND PAGE\n"); }), 6);
+    EXPECT_EQ(m_document->memory.DesignPageCount(), 1);
+}
+
+TEST_F(ReadForm, LineBreaksOfTitlesNamesAndFormulasAreReal) {
+    ReadText(
+        "BEGIN DESIGN\nBEGIN PAGE 1\nTitle=Two\177lines\nBEGIN FIELD\nName=a\177b\n"
+        "Formula=SETME(\"x\177y\")\nEND FIELD\nEND PAGE\n");
+    EXPECT_EQ(m_document->memory.PageProps.At(1), QStringLiteral("Two\r\nlines"));
+    EXPECT_EQ(m_document->memory.FormulasOf(1).At(QStringLiteral("a\r\nb")),
+              QStringLiteral("SETME(\"x\r\ny\")"));
+}
+
+TEST_F(ReadForm, TextThatIsOnlyAByteOrderMarkIsAFormWithoutPages) {
+    ReadText("\xEF\xBB\xBF");
+    EXPECT_EQ(m_document->Pages, 0);
+    EXPECT_EQ(m_ui.statuses.back(), QStringLiteral("Ready"));
+    EXPECT_FALSE(m_ui.progressShown);
 }
 
 TEST_F(ReadForm, LogoIsSubstitutedBeforeTheDataIsRead) {

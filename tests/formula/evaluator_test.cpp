@@ -4,6 +4,8 @@
 #include "formula/formula_test_base.h"
 #include "formula/functions.h"
 
+#include <QSet>
+
 namespace sheetwright {
 namespace {
 
@@ -197,6 +199,19 @@ TEST_F(EvaluatorTest, EveryNamedFunctionIsFound) {
     EXPECT_EQ(FindFunction(u"ADDS"), nullptr);
     EXPECT_EQ(FindFunction(u""), nullptr);
     EXPECT_EQ(FindFunction(u"ME"), nullptr);
+}
+
+TEST_F(EvaluatorTest, AFailingArgumentFailsTheFunctionUnlessItSuppressesFailuresOrReadsNone) {
+    const QSet<QString> spared{
+        QStringLiteral("AND"),       QStringLiteral("OR"),     QStringLiteral("DIVIDE"),
+        QStringLiteral("REMAINDER"), QStringLiteral("INYEAR"), QStringLiteral("INMONTH"),
+        QStringLiteral("DAYOFWEEK"), QStringLiteral("TODAY"),  QStringLiteral("VALIDATIONPASSED"),
+        QStringLiteral("VALIDATE"),
+    };
+    for (const QString& name : FunctionNames()) {
+        const bool fails = Told(name + QStringLiteral("({FIELDS})")) == "failure 5";
+        EXPECT_NE(fails, spared.contains(name)) << name.toStdString();
+    }
 }
 
 TEST_F(EvaluatorTest, EveryKeywordHasAValue) {

@@ -32,6 +32,14 @@ TEST_F(ArithmeticTest, DivideByZeroIsEmpty) {
     EXPECT_EQ(Told("DIVIDE(1)"), "Empty");
 }
 
+TEST_F(ArithmeticTest, NoQuotientLeavesTheFieldBlank) {
+    for (const char* formula : {"SETME(DIVIDE(1,0))", "SETME(REMAINDER(7,0))"}) {
+        m_me = QStringLiteral("old");
+        EXPECT_EQ(Run(formula), "Empty") << formula;
+        EXPECT_EQ(TextOf(m_me, m_application->conventions), QStringLiteral("")) << formula;
+    }
+}
+
 TEST_F(ArithmeticTest, DivideSuppressesEveryFailureOfItsArguments) {
     EXPECT_EQ(Told("DIVIDE(\"1E300\",\"1E-300\")"), "Empty");
     EXPECT_EQ(Told("DIVIDE({FIELDS},1)"), "Empty");

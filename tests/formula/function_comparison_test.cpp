@@ -50,6 +50,12 @@ TEST_F(ComparisonTest, EqualKnowsTheWordsForTrueAndFalse) {
     EXPECT_EQ(Told("EQUAL(EQUAL(1,1),\"x\")"), "failure 13");
 }
 
+TEST_F(ComparisonTest, EqualReadsItemsByTheirTextOfFifteenDigits) {
+    EXPECT_EQ(Told("EQUAL(0.25,DIVIDE(1,4))"), "Boolean True");
+    EXPECT_EQ(Told("EQUAL(0.3,ADD(0.1,0.2))"), "Boolean True");
+    EXPECT_EQ(Told("EQUAL(DIVIDE(1,3),DIVIDE(1,3))"), "Boolean False") << "the reference keeps all digits";
+}
+
 TEST_F(ComparisonTest, EqualOfDatesIsAlwaysFalse) {
     EXPECT_EQ(Told("EQUAL(\"31/12/1999\",\"31/12/1999\")"), "Boolean False");
     EXPECT_EQ(Told("EQUAL(19991231,\"31/12/1999\")"), "Boolean True") << "a stamp equals a date";

@@ -33,6 +33,13 @@ TEST_F(ListLookupTest, KeysCompareAsPeopleReadThemAndResultsComeAsStored) {
     EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"Code\",\"a1\")"), "String none");
 }
 
+TEST_F(ListLookupTest, BooleanKeysAreInTheInstallationsLanguage) {
+    Write(QStringLiteral("Sheetwright.DIC"), "English,Translation\r\nTrue,Wahr\r\nFalse,Falsch\r\n");
+    m_application->dictionary.Load(Path(QStringLiteral("Sheetwright.DIC")));
+    EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"Sold\",\"Falsch\")"), "String Nut");
+    EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"Sold\",\"False\")"), "String none");
+}
+
 TEST_F(ListLookupTest, WithoutKeysTheFirstRecordMatches) {
     EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\")"), "String Bolt");
     EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"\",\"\",\"Code\",\"A2\")"), "String Bolt")
@@ -41,6 +48,7 @@ TEST_F(ListLookupTest, WithoutKeysTheFirstRecordMatches) {
 
 TEST_F(ListLookupTest, AKeyWithoutValueLooksForABlank) {
     EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"Code\")"), "String none");
+    EXPECT_EQ(Told("LISTLOOKUP(\"stock.csv\",\"Name\",\"none\",\"\",\"A2\")"), "failure 5") << "no column";
 }
 
 TEST_F(ListLookupTest, TheDefaultIsAText) {

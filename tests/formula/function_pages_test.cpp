@@ -44,6 +44,17 @@ TEST_F(PageFunctionTest, SumOverflows) {
     EXPECT_EQ(Told("SUM({FIELDS\\Result,n})"), "failure 6");
 }
 
+TEST_F(PageFunctionTest, SummingLongPagesOverAndOverIsCutShort) {
+    AddPage(3, QStringList(20'000, QStringLiteral("long=1")) << QStringLiteral("one=1"));
+    const auto sums = [](const QString& field, int count) {
+        const QString sum = QStringLiteral("SUM({FIELDS\\Unused,%1})").arg(field);
+        return QStringLiteral("ADD(%1)").arg(QStringList(count, sum).join(u','));
+    };
+    EXPECT_EQ(Told(sums(QStringLiteral("long"), 100)), "Double 2000000");
+    EXPECT_EQ(Told(sums(QStringLiteral("long"), 1100)), "failure 28");
+    EXPECT_EQ(Told(sums(QStringLiteral("one"), 1100)), "Double 1100");
+}
+
 TEST_F(PageFunctionTest, PreviousValueReadsTheNearestEarlierPage) {
     m_dataPageNum = 5;
     EXPECT_EQ(Told("PREVIOUSVALUE({FIELDS\\Result,n})"), "String 3.5");

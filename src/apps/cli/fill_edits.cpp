@@ -6,6 +6,8 @@
 #include "document/document.h"
 #include "document/pages.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <utility>
 
@@ -140,9 +142,8 @@ void FormEditor::Apply(const InsertPage& edit) {
     if (edit.position) RequirePage(m_document, *edit.position);
 
     // As an import adds pages: the form is recalculated once, when all is in place.
-    m_document.Importing = true;
+    const QScopedValueRollback importing(m_document.Importing, true);
     AddPage(m_document, design, mode, static_cast<std::int16_t>(edit.position.value_or(fallback)));
-    m_document.Importing = false;
     SavePage(m_document);
 }
 
