@@ -19,7 +19,8 @@ class ConsoleUserInterface : public SilentUserInterface {
     // The program's own title, which says nothing in front of a message.
     void SetOwnTitle(const QString& title) { m_ownTitle = title; }
 
-    // One line on standard error, in UTF-8. Line breaks of the text become blanks.
+    // One line on standard error, in UTF-8. Line breaks and other control characters of the text become
+    // blanks.
     static void PrintError(const QString& text);
     static void PrintWarning(const QString& text);
 

@@ -2,6 +2,7 @@
 
 #include "core/keyed_collection.h"
 #include "core/paths.h"
+#include "core/quoted.h"
 #include "core/text.h"
 #include "document/form_outline.h"
 #include "document/record_rules.h"
@@ -85,6 +86,11 @@ class DesignCheck {
             ReportOn(element, QStringLiteral("Name holds \"=\", so its value can't be read back"));
         if (name.startsWith(u' ') || name.startsWith(u'\t'))
             ReportOn(element, QStringLiteral("Name begins with a blank, so its value can't be read back"));
+        for (const QStringView start : {u"BEGIN PAGE", u"END PAGE"})
+            if (name.startsWith(start))
+                ReportOn(
+                    element,
+                    QStringLiteral("Name begins with \"%1\", so its value can't be read back").arg(start));
     }
 
     using Seen = std::unordered_map<QStringView, QString, CaseInsensitiveHash, CaseInsensitiveEqual>;
@@ -94,16 +100,16 @@ class DesignCheck {
         const auto [first, isNew] = seen.emplace(value, element);
         if (isNew) return;
         const bool isOther = first->second != element;
-        ReportOn(element, isOther
-                              ? QStringLiteral("%1 \"%2\" is also that of %3").arg(key, value, first->second)
-                              : QStringLiteral("%1 \"%2\" stands on the page twice").arg(key, value));
+        ReportOn(element,
+                 isOther ? QStringLiteral("%1 %2 is also that of %3").arg(key, Quoted(value), first->second)
+                         : QStringLiteral("%1 %2 stands on the page twice").arg(key, Quoted(value)));
     }
 
     void CheckPicture(QStringView picture, const QString& element) {
         if (picture.isEmpty() || IsReservedLogo(picture)) return;
         const QString name = GetFileName(picture.toString());
         if (!m_setting.hasPicture(name))
-            ReportOn(element, QStringLiteral("picture \"%1\" is not in the archive").arg(name));
+            ReportOn(element, QStringLiteral("picture %1 is not in the archive").arg(Quoted(name)));
     }
 
     // The image of preprinted paper is the first field of the page's stationery.
@@ -161,7 +167,7 @@ class DataCheck {
         m_elements = nullptr;
         if (!isNumber || !isDesign || number < 1 || number > std::numeric_limits<std::int16_t>::max()) {
             m_report({QStringLiteral("form"), QStringLiteral("data"),
-                      QStringLiteral("\"%1\" gives no page number and design").arg(line)});
+                      QStringLiteral("%1 gives no page number and design").arg(Quoted(line))});
             m_number = 0;
             return;
         }
@@ -187,14 +193,14 @@ class DataCheck {
 
     void TakeValue(QStringView line) {
         if (!line.contains(u'=')) {
-            ReportOn(QStringLiteral("page"), QStringLiteral("line without \"=\": \"%1\"").arg(line));
+            ReportOn(QStringLiteral("page"), QStringLiteral("line without \"=\": %1").arg(Quoted(line)));
             return;
         }
         if (m_elements == nullptr) return;
         const QStringView name = KeyOf(line);
         const auto element = m_elements->find(name);
         if (element == m_elements->end()) {
-            ReportOn(name.toString(),
+            ReportOn(Shortened(name),
                      QStringLiteral("design page %1 has no element of that name").arg(m_design));
         } else if (element->second->kind == u"CHEC") {
             CheckState(*element->second, ValueOf(line));
@@ -206,7 +212,7 @@ class DataCheck {
         const double states = FormNumber(box.Value(u"States")).value_or(2);
         const std::optional<double> state = FormNumber(value);
         if (!state || *state < 0 || *state >= states || *state != std::floor(*state))
-            ReportOn(box.Label(), QStringLiteral("\"%1\" is no state of the check box").arg(value));
+            ReportOn(box.Label(), QStringLiteral("%1 is no state of the check box").arg(Quoted(value)));
     }
 
     const FormOutline& m_outline;

@@ -1,5 +1,6 @@
 #include "document/form_outline.h"
 
+#include "core/quoted.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ class Outliner {
         bool isNumber = false;
         const int number = From(line, kPageNumberAt).trimmed().toInt(&isNumber);
         if (!isNumber || number < 1 || number > std::numeric_limits<std::int16_t>::max()) {
-            ReportOn(QStringLiteral("page"), QStringLiteral("\"%1\" gives no page number").arg(line));
+            ReportOn(QStringLiteral("page"), QStringLiteral("%1 gives no page number").arg(Quoted(line)));
             return;
         }
         const auto known = m_outline.byNumber.constFind(number);
@@ -91,7 +92,7 @@ class Outliner {
     void CloseRecordLeftOpen() {
         if (m_isInRecord)
             ReportOn(m_page->records.back().Label(),
-                     QStringLiteral("END %1 is missing").arg(m_page->records.back().word));
+                     QStringLiteral("END %1 is missing").arg(Shortened(m_page->records.back().word)));
         m_isInRecord = false;
     }
 
@@ -101,12 +102,12 @@ class Outliner {
             CloseRecordLeftOpen();
             m_page = nullptr;
         } else if (!m_isInRecord) {
-            ReportOn(QStringLiteral("page"), QStringLiteral("\"%1\" ends nothing").arg(line));
+            ReportOn(QStringLiteral("page"), QStringLiteral("%1 ends nothing").arg(Quoted(line)));
         } else {
             RecordOutline& record = m_page->records.back();
             if (word.left(kKindLength) != record.kind)
                 ReportOn(record.Label(),
-                         QStringLiteral("BEGIN %1 is ended by \"%2\"").arg(record.word, line));
+                         QStringLiteral("BEGIN %1 is ended by %2").arg(Shortened(record.word), Quoted(line)));
             record.kind = word.left(kKindLength);
             m_isInRecord = false;
         }
@@ -114,7 +115,7 @@ class Outliner {
 
     void TakeKey(QStringView line) {
         if (!line.contains(u'=')) {
-            ReportOn(ElementInHand(), QStringLiteral("line without \"=\": \"%1\"").arg(line));
+            ReportOn(ElementInHand(), QStringLiteral("line without \"=\": %1").arg(Quoted(line)));
             return;
         }
         const KeyLine key{KeyOf(line), ValueOf(line)};
@@ -153,7 +154,7 @@ QStringView RecordOutline::Value(QStringView key) const {
 
 QString RecordOutline::Label() const {
     const QStringView name = Value(u"Name");
-    return name.isEmpty() ? QStringLiteral("%1 %2").arg(word).arg(number) : name.toString();
+    return name.isEmpty() ? Shortened(word) + u' ' + QString::number(number) : Shortened(name);
 }
 
 QStringView TakeFormLine(QStringView& rest) {

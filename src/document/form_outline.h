@@ -27,7 +27,7 @@ struct RecordOutline {
 
     // The value of the first key of that name, in any case; a null view for none.
     [[nodiscard]] QStringView Value(QStringView key) const;
-    // The element's name, or its word and number.
+    // The element's name, or its word and number; short enough for a message.
     [[nodiscard]] QString Label() const;
 };
 

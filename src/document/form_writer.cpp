@@ -1,6 +1,7 @@
 #include "document/form_writer.h"
 
 #include "core/application.h"
+#include "core/atomic_file.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "document/busy_display.h"
@@ -10,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <optional>
@@ -82,16 +84,30 @@ void DeleteTextMembers(const QString& folder) {
         if (IsTextMemberName(name)) QFile::remove(dir.filePath(name));
 }
 
+// A path in the folder that is no file of the form: those may bear any name.
+QString UnusedPath(const QString& folder) {
+    QString path = folder + QStringLiteral("form-text");
+    for (QFileInfo info(path); info.exists() || info.isSymLink(); info.setFile(path))
+        path += u'_';
+    return path;
+}
+
+void WriteNewFile(const QString& path, const QByteArray& bytes) {
+    const NewFile file(path);
+    file.Write(bytes);
+    file.Flush();
+}
+
 // The new text is whole on the disk, under a name that is no text member's, before the old one goes.
 void ReplaceTextMember(const frmSheetwright& document, const QByteArray& bytes) {
     if (document.MyTempDir.isEmpty()) throw Failure(failure::kPathNotFound);
-    const QString beside = document.MyTempDir + QStringLiteral("form-text.part");
-    WriteFileAtomically(beside, bytes);
-    DeleteTextMembers(document.MyTempDir);
+    const QString beside = UnusedPath(OnDisk(document.MyTempDir));
     try {
-        ReplaceFile(OnDisk(beside), document.MyTempDir + GetFileName(document.Tag));
+        WriteNewFile(beside, bytes);
+        DeleteTextMembers(document.MyTempDir);
+        ReplaceFile(beside, document.MyTempDir + GetFileName(document.Tag));
     } catch (const Failure&) {
-        QFile::remove(OnDisk(beside));
+        QFile::remove(beside);
         throw;
     }
 }

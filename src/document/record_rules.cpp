@@ -1,6 +1,7 @@
 #include "document/record_rules.h"
 
 #include "core/keyed_collection.h"
+#include "core/quoted.h"
 #include "document/form_outline.h"
 
 #include <QLocale>
@@ -30,6 +31,9 @@ constexpr double kLowestColour = -2147483648.0;
 constexpr double kHighestColour = 4294967295.0;
 constexpr double kTwips = 2147483647;
 constexpr double kSmallestFont = 0.1;
+
+// Keys distinguish capitals, all but this one.
+constexpr QStringView kAnyCapitals = u"ReadOnly";
 
 constexpr KeyRule Text(QStringView key) {
     return {key, Form::Text};
@@ -65,9 +69,8 @@ constexpr KeyRule kFont[] = {
     Colour(u"ForeColor"),
 };
 constexpr KeyRule kPage[] = {
-    Optional(Colour(u"BackGround")),
-    Integer(u"Orientation", 1, 2),
-    Integer(u"PaperSize", 1, kInt16),
+    Optional(Text(u"Title")),      Optional(Colour(u"BackGround")), Optional(Text(u"Drivers")),
+    Optional(Text(u"PrePrinted")), Integer(u"Orientation", 1, 2),   Integer(u"PaperSize", 1, kInt16),
 };
 constexpr KeyRule kFrame[] = {Integer(u"BorderStyle", -kInt16 - 1, kInt16)};
 constexpr KeyRule kOutline[] = {
@@ -92,6 +95,10 @@ constexpr KeyRule kField[] = {
     Boolean(u"ReadOnly"),
     Optional(Boolean(u"Visible")),
     Integer(u"TabIdx", -kInt16 - 1, kInt16),
+    Optional(Text(u"Formula")),
+    Optional(Text(u"List")),
+    Optional(Text(u"DataSource")),
+    Optional(Text(u"Format")),
     Optional(Integer(u"KeyLevel", 0, kInt16)),
     Optional(Integer(u"MultiRecordIndex", 0, kInt16)),
     Optional(Boolean(u"NewLineOnChange")),
@@ -177,8 +184,10 @@ void CheckGroup(RuleGroup group, const KeyMap& values, const TruthWords& words, 
             if (rule.isRequired) report(QStringLiteral("%1 is missing").arg(rule.key));
             continue;
         }
+        if (found->first != rule.key && rule.key != kAnyCapitals)
+            report(QStringLiteral("%1 is written %2").arg(rule.key, Quoted(found->first)));
         const QString fault = Fault(rule, found->second, words);
-        if (!fault.isEmpty()) report(QStringLiteral("%1 \"%2\" %3").arg(rule.key, found->second, fault));
+        if (!fault.isEmpty()) report(QStringLiteral("%1 %2 %3").arg(rule.key, Quoted(found->second), fault));
     }
 }
 
@@ -202,7 +211,7 @@ void CheckKeys(QStringView kind, const std::vector<KeyLine>& keys, const TruthWo
     for (const KeyLine& line : keys)
         // A second Title is told with the page's titles.
         if (!values.emplace(line.key, line.value).second && line.key != u"Title")
-            report(QStringLiteral("%1 stands twice").arg(line.key));
+            report(QStringLiteral("%1 stands twice").arg(Shortened(line.key)));
     for (const KindRules& rules : kKinds) {
         if (rules.kind != kind) continue;
         for (const RuleGroup group : rules.groups)

@@ -16,7 +16,8 @@ namespace sheetwright {
 struct KeyLine;
 
 // Checks the keys of a record of `kind` (its four letters) and tells of each one that is missing, stands
-// twice or has a value out of range. Kinds without a table are checked for keys that stand twice only.
+// twice, is written with other capitals or has a value out of range. Kinds without a table are checked for
+// keys that stand twice only.
 void CheckKeys(QStringView kind, const std::vector<KeyLine>& keys, const TruthWords& words,
                const std::function<void(const QString&)>& report);
 

@@ -9,25 +9,20 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace sheetwright {
 
 namespace {
-
-// Each level takes some kilobytes of stack in a sanitized build, far less in a plain one.
-constexpr int kMaxDepth = 400;
 
 // An expression of full length, nested to the limit and evaluated once throughout, stays below half of this.
 // What exceeds it evaluates arguments over and over and would not end in anybody's lifetime.
 constexpr qint64 kMaxWork = 40'000'000;
 constexpr qint64 kWorkOfOneCall = 16;
 
-constexpr qsizetype kMaxExpressionLength = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t kLongestName = 17;
 
 void RequireLength(QStringView expression) {
-    if (expression.size() > kMaxExpressionLength) throw Failure(failure::kOverflow);
+    if (expression.size() > evaluator_limits::kLength) throw Failure(failure::kOverflow);
 }
 
 bool StartsNumber(QStringView expression) {
@@ -86,7 +81,7 @@ class Evaluator::Level {
   public:
     Level(Evaluator& evaluator, qsizetype work) : m_evaluator(evaluator) {
         if (evaluator.m_depth == 0) evaluator.m_work = 0;
-        if (evaluator.m_depth >= kMaxDepth) throw Failure(failure::kOutOfStack);
+        if (evaluator.m_depth >= evaluator_limits::kDepth) throw Failure(failure::kOutOfStack);
         evaluator.Charge(kWorkOfOneCall + work);
         ++evaluator.m_depth;
     }

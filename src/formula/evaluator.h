@@ -11,8 +11,17 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <limits>
 
 namespace sheetwright {
+
+namespace evaluator_limits {
+// Characters of an expression.
+inline constexpr qsizetype kLength = std::numeric_limits<std::int16_t>::max();
+// How deep expressions nest; a formula's statements take one of the levels. Each level costs some kilobytes
+// of stack in a sanitized build, far less in a plain one.
+inline constexpr int kDepth = 400;
+}  // namespace evaluator_limits
 
 // Position (from 1) of the ")" that closes the "(" at `openPosition`, or 0. Quotes are not looked at: a
 // parenthesis inside a string counts, unlike in FSplitComma, and forms rely on both. Raises 5 for a negative

@@ -1,6 +1,7 @@
 #include "formula/formula_check.h"
 
 #include "core/failure.h"
+#include "core/quoted.h"
 #include "formula/evaluator.h"
 #include "formula/formula_scan.h"
 #include "formula/function_arguments.h"
@@ -10,7 +11,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <vector>
 
@@ -18,10 +18,8 @@ namespace sheetwright {
 
 namespace {
 
-constexpr qsizetype kLongestFormula = std::numeric_limits<std::int16_t>::max();
-
-// How deep expressions nest before the evaluator gives up; the statement itself takes one of its levels.
-constexpr int kDeepest = 399;
+// The statement itself takes one of the evaluator's levels.
+constexpr int kDeepest = evaluator_limits::kDepth - 1;
 
 // What a function does with the text between its parentheses.
 enum class Arguments { List, Whole, DesignTitle, Reference, NotEvaluated };
@@ -57,14 +55,6 @@ Arguments ArgumentsOf(QStringView upperName) {
     return rule == std::end(kArgumentRules) ? Arguments::List : rule->arguments;
 }
 
-// A piece of a formula, short enough for a message.
-QString Quoted(QStringView text) {
-    constexpr qsizetype kLongest = 60;
-    const bool isLong = text.size() > kLongest;
-    return u'"' + text.first(isLong ? kLongest : text.size()).toString() +
-           (isLong ? QStringLiteral("...\"") : QStringLiteral("\""));
-}
-
 // Numbers and dates, of which the tolerant reading makes what their author meant.
 bool IsPlainNumber(QStringView text) {
     // Possessive, so that a long run of digits is gone through once.
@@ -85,7 +75,8 @@ class Checker {
         : m_formula(formula), m_scan(formula), m_targets(targets), m_conventions(conventions) {}
 
     QStringList Run() {
-        if (m_formula.size() > kLongestFormula) return {QStringLiteral("longer than 32,767 characters")};
+        if (m_formula.size() > evaluator_limits::kLength)
+            return {QStringLiteral("longer than 32,767 characters")};
         if (!m_scan.QuotesBalance()) return {QStringLiteral("quotes don't balance")};
         if (m_scan.FirstBlank() >= 0)
             Report(QStringLiteral("blank outside a string at character %1").arg(m_scan.FirstBlank() + 1));

@@ -1,4 +1,5 @@
 #include "apps/cli_test.h"
+#include "document/zip_builder.h"
 #include "support/form_text.h"
 
 #include <QDirIterator>
@@ -113,6 +114,17 @@ TEST_F(CliUsage, ADamagedArchiveIsTold) {
     EXPECT_EQ(
         result.err,
         "error: Error code 321\nerror: Error: File Missing\nerror: no design page could be read (bad.aff)\n");
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliUsage, AnEmptyTextIsACorruptForm) {
+    BuiltMember text;
+    text.name = "a.aff";
+    Write(S("a.aff"), BuildZip({text}));
+    const CliResult result = Run({S("info"), S("a.aff")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "error: Corrupt form file. Cannot continue. (a.aff)\n");
     EXPECT_EQ(LeftOvers(), QStringList());
 }
 

@@ -1,10 +1,12 @@
 #include "document/document.h"
 
 #include "core/paths.h"
+#include "document/form_archive.h"
 #include "document/form_writer.h"
 #include "document/headless_page.h"
 #include "support/test_application.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace sheetwright {
@@ -29,6 +31,18 @@ class Document : public ApplicationTest {
         UseHeadlessPage(*m_document);
         OpenDocument(*m_document, Write(QStringLiteral("form.aft"), kTemplate));
     }
+    // Makes an archive whose text member bears this name, and opens it as a form of another name.
+    void Pack(const QString& member) {
+        Write(QStringLiteral("source/") + member, kTemplate);
+        ASSERT_TRUE(ZipForm(*m_application, Path(QStringLiteral("packed.zip")),
+                            Path(QStringLiteral("source/x")).chopped(1)));
+    }
+    void OpenAs(const QString& name) {
+        ASSERT_TRUE(QFile::rename(Path(QStringLiteral("packed.zip")), Path(name)));
+        m_document = std::make_unique<frmSheetwright>(*m_application);
+        UseHeadlessPage(*m_document);
+        OpenDocument(*m_document, Path(name));
+    }
 
     std::unique_ptr<frmSheetwright> m_document;
 };
@@ -50,6 +64,40 @@ TEST_F(Document, OpensATemplateWithOneDataPageForEachDesign) {
     EXPECT_EQ(m_document->memory.DataPage(1).Line(2), u"Customer=");
     EXPECT_EQ(m_document->Caption, QStringLiteral("(Untitled)"));
     EXPECT_EQ(m_application->CurrentTempDir, m_document->MyTempDir);
+}
+
+TEST_F(Document, FormThatWasRenamedOpensAndIsSavedUnderItsNewName) {
+    Pack(QStringLiteral("a.aff"));
+    OpenAs(QStringLiteral("b.aff"));
+    EXPECT_EQ(m_document->Pages, 2);
+    EXPECT_TRUE(FileExists(m_document->MyTempDir + QStringLiteral("b.aff")));
+    EXPECT_FALSE(FileExists(m_document->MyTempDir + QStringLiteral("a.aff")));
+    EXPECT_TRUE(SaveForm(*m_document, Recalculate::No));
+    EXPECT_EQ(ArchiveMembers(m_document->Tag), QStringList{QStringLiteral("b.aff")});
+}
+
+TEST_F(Document, FormThatWasRenamedToATemplateIsMissingItsText) {
+    Pack(QStringLiteral("x.aff"));
+    OpenAs(QStringLiteral("x.aft"));
+    EXPECT_TRUE(FileExists(m_document->MyTempDir + QStringLiteral("x.aff")));
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList{QStringLiteral("Error: File Missing")});
+    EXPECT_EQ(m_document->Pages, 0);
+}
+
+TEST_F(Document, DamagedArchiveIsToldAndThenItsTextIsMissing) {
+    Write(QStringLiteral("packed.zip"), "PK\3\4 and no more");
+    OpenAs(QStringLiteral("a.aff"));
+    EXPECT_EQ(m_ui.MessageTexts(),
+              (QStringList{QStringLiteral("Error code 321"), QStringLiteral("Error: File Missing")}));
+    EXPECT_EQ(m_document->Pages, 0);
+}
+
+TEST_F(Document, PlainTextFormIsSavedAsAnArchive) {
+    Open();
+    EXPECT_TRUE(IsPlainTextForm(m_document->Tag));
+    EXPECT_TRUE(SaveForm(*m_document, Recalculate::No));
+    EXPECT_FALSE(IsPlainTextForm(m_document->Tag));
+    EXPECT_EQ(ArchiveMembers(m_document->Tag), QStringList{QStringLiteral("form.aft")});
 }
 
 TEST_F(Document, RemovesItsTemporaryDirectoryWhenItCloses) {

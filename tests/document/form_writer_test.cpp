@@ -142,6 +142,19 @@ TEST_F(WriteForm, OldTextMemberOfAnotherNameGoesAndPicturesStay) {
     EXPECT_EQ(Read(QStringLiteral("form/b.aff")), kForm);
 }
 
+TEST_F(WriteForm, FilesOfTheFormStayWhateverTheirNames) {
+    ReadText(kForm);
+    const QStringList names{QStringLiteral("a.aff.new"), QStringLiteral("form-text"),
+                            QStringLiteral("form-text.new"), QStringLiteral("form-text_")};
+    for (const QString& name : names)
+        Write(QStringLiteral("form/") + name, name.toUtf8());
+    WriteFormFile(m_document);
+    EXPECT_EQ(TempFiles(), QStringList{QStringLiteral("a.aff")} + names);
+    for (const QString& name : names)
+        EXPECT_EQ(Read(QStringLiteral("form/") + name), name.toUtf8());
+    EXPECT_EQ(Read(QStringLiteral("form/a.aff")), kForm);
+}
+
 TEST_F(WriteForm, TextMemberBearsTheSpellingOfTheTag) {
     ReadText(kForm);
     m_document.Tag = Path(QStringLiteral("disk/A.aff"));

@@ -47,12 +47,9 @@ int RunCheck(Session& session, const CommandLine& line) {
     bool isClean = true;
     for (const QString& path : line.operands) {
         const QString start = line.operands.size() > 1 ? path + QStringLiteral(": ") : QString();
-        try {
-            if (CheckOne(session, path, start) > 0) isClean = false;
-        } catch (const CommandError& error) {
-            ConsoleUserInterface::PrintError(error.Text());
-            isClean = false;
-        }
+        qint64 count = 0;
+        const bool isRead = session.Guarded(u"check", [&] { count = CheckOne(session, path, start); });
+        isClean = isClean && isRead && count == 0;
     }
     return isClean ? status::kDone : status::kFailed;
 }

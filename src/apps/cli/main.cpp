@@ -6,7 +6,6 @@
 #include "apps/cli/info.h"
 #include "apps/cli/session.h"
 #include "apps/cli/values.h"
-#include "core/error_log.h"
 
 #include <QCoreApplication>
 
@@ -49,27 +48,6 @@ CommandLine ParseFor(const Verb& verb, const QStringList& arguments) {
     return ParseCommandLine(arguments, known);
 }
 
-// The boundary around each verb: whatever fails is logged and told, and the form is closed.
-int RunGuarded(Session& session, const Verb& verb, const CommandLine& line) {
-    const auto failed = [&](const Failure& caught) {
-        const QString form = session.FormInHand();
-        LoggedStep(session.App(), verb.name.toString(), form, [&] { throw Failure(caught); });
-        ConsoleUserInterface::PrintError(
-            QStringLiteral("%1: %2 (%3)").arg(QString::number(caught.Number()), caught.Text(), form));
-        return status::kFailed;
-    };
-    try {
-        return verb.run(session, line);
-    } catch (const CommandError& error) {
-        ConsoleUserInterface::PrintError(error.Text());
-        return status::kFailed;
-    } catch (const Failure& caught) {
-        return failed(caught);
-    } catch (const std::bad_alloc&) {
-        return failed(Failure(failure::kOutOfMemory));
-    }
-}
-
 int RunVerb(const Verb& verb, const QStringList& arguments) {
     const CommandLine line = ParseFor(verb, arguments);
     if (line.Has(kHelpOption.name)) {
@@ -78,7 +56,8 @@ int RunVerb(const Verb& verb, const QStringList& arguments) {
         return out.Flush() ? status::kDone : status::kFailed;
     }
     Session session(QCoreApplication::applicationDirPath());
-    const int result = RunGuarded(session, verb, line);
+    int result = status::kFailed;
+    (void)session.Guarded(verb.name, [&] { result = verb.run(session, line); });
     if (session.Out().Flush()) return result;
     if (!session.Out().IsReaderGone())
         ConsoleUserInterface::PrintError(QStringLiteral("standard output can't be written"));
@@ -89,6 +68,12 @@ int WrongUsage(const QString& text, const QString& usage) {
     ConsoleUserInterface::PrintError(text);
     std::fputs(qPrintable(usage + u'\n'), stderr);
     return status::kWrongUsage;
+}
+
+int Broken(const Failure& caught) {
+    ConsoleUserInterface::PrintError(
+        QStringLiteral("%1: %2").arg(QString::number(caught.Number()), caught.Text()));
+    return status::kFailed;
 }
 
 int Run(const QStringList& arguments) {
@@ -117,9 +102,9 @@ int Run(const QStringList& arguments) {
     } catch (const UsageError& error) {
         return WrongUsage(error.Text(), UsageOf(*verb));
     } catch (const Failure& caught) {  // before there was a session: the installation itself is broken
-        ConsoleUserInterface::PrintError(
-            QStringLiteral("%1: %2").arg(QString::number(caught.Number()), caught.Text()));
-        return status::kFailed;
+        return Broken(caught);
+    } catch (const std::bad_alloc&) {
+        return Broken(Failure(failure::kOutOfMemory));
     }
 }
 

@@ -6,7 +6,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -17,9 +16,8 @@ namespace sheetwright::cli {
 
 namespace {
 
-constexpr QLatin1String kTemplate("sheetwright-XXXXXX");
-constexpr QLatin1String kPattern("sheetwright-??????");
-constexpr int kSweepLimit = 100;
+constexpr QLatin1String kName("sheetwright-");
+constexpr QLatin1String kMark("/in-use");
 
 // Blocks the signals that end a process, without those that whoever started this one has it ignore.
 sigset_t BlockEndingSignals() {
@@ -49,40 +47,43 @@ sigset_t BlockEndingSignals() {
     _exit(128 + number);
 }
 
-// A handle that holds a folder of this user's against other processes; -1 when another process holds it.
-int TryHold(const QString& folder) {
-    const int handle = ::open(QFile::encodeName(folder).constData(),
-                              O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    struct stat status {};
-    if (handle >= 0 && ::fstat(handle, &status) == 0 && status.st_uid == ::geteuid() &&
-        ::flock(handle, LOCK_EX | LOCK_NB) == 0)
-        return handle;
-    if (handle >= 0) ::close(handle);
+// Locks a file for as long as the handle is open; -1 when there is none or another process has it locked.
+int TryHold(const QString& path, int flags) {
+    const int handle = ::open(QFile::encodeName(path).constData(),
+                              flags | O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600);
+    if (handle < 0 || ::flock(handle, LOCK_EX | LOCK_NB) == 0) return handle;
+    ::close(handle);
     return -1;
 }
 
-// Folders that no process holds are those of killed ones.
-void SweepAbandoned() {
-    const QDir root(QDir::tempPath());
-    int count = 0;
-    for (const QString& name : root.entryList({kPattern}, QDir::Dirs | QDir::NoSymLinks)) {
-        if (++count > kSweepLimit) return;
-        const int hold = TryHold(root.filePath(name));
-        if (hold < 0) continue;
-        QDir(root.filePath(name)).removeRecursively();
-        ::close(hold);
-    }
+// The mark is locked before it bears its name, so that one without a lock is always that of a dead process.
+int TakeInUse(const QString& folder) {
+    if (folder.isEmpty()) return -1;
+    const QString unnamed = folder + QStringLiteral("/new-mark");
+    const int hold = TryHold(unnamed, O_CREAT | O_EXCL);
+    if (hold >= 0) QFile::rename(unnamed, folder + kMark);
+    return hold;
 }
 
-QString TemplateInTemp() {
-    SweepAbandoned();
-    return QDir::tempPath() + QLatin1Char('/') + kTemplate;
+// Where a new folder goes. Those of this user that lie there with the mark of a dead process are cleared
+// away.
+QString RoomForFolder() {
+    const QDir root(QDir::tempPath());
+    const QStringList names{kName + QStringLiteral("??????")};
+    for (const QFileInfo& folder : root.entryInfoList(names, QDir::Dirs | QDir::NoSymLinks)) {
+        if (folder.ownerId() != ::geteuid()) continue;
+        const int hold = TryHold(folder.filePath() + kMark, 0);
+        if (hold < 0) continue;
+        QDir(folder.filePath()).removeRecursively();
+        ::close(hold);
+    }
+    return root.filePath(kName + QStringLiteral("XXXXXX"));
 }
 
 }  // namespace
 
 ScratchFolder::ScratchFolder()
-    : m_ending(BlockEndingSignals()), m_folder(TemplateInTemp()), m_hold(TryHold(m_folder.path())) {
+    : m_ending(BlockEndingSignals()), m_folder(RoomForFolder()), m_hold(TakeInUse(m_folder.path())) {
     // A pipe that nobody reads and a file beyond its limit are failures of the write, not the process's end.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);

@@ -28,7 +28,7 @@ class ScratchFolder {
   private:
     sigset_t m_ending;  // blocked before there is a folder to leave behind
     QTemporaryDir m_folder;
-    int m_hold;  // a lock on the folder, which ends with the process, however that ends
+    int m_hold;  // locks the folder's mark, until the process ends in whatever way
 };
 
 }  // namespace sheetwright::cli

@@ -1,5 +1,6 @@
 #include "apps/cli/session.h"
 
+#include "core/error_log.h"
 #include "core/folders.h"
 #include "core/paths.h"
 #include "core/text.h"
@@ -8,6 +9,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <new>
 
 namespace sheetwright::cli {
 
@@ -87,6 +90,26 @@ QString Session::FormText(const QString& path) {
     const QByteArray bytes = ReadWholeFile(member);
     if (bytes.isEmpty()) throw Corrupt();
     return DecodeFileText(bytes);
+}
+
+bool Session::Guarded(QStringView sub, const std::function<void()>& step) {
+    try {
+        step();
+        return true;
+    } catch (const CommandError& error) {
+        ConsoleUserInterface::PrintError(error.Text());
+    } catch (const Failure& caught) {
+        Tell(sub, caught);
+    } catch (const std::bad_alloc&) {
+        Tell(sub, Failure(failure::kOutOfMemory));
+    }
+    return false;
+}
+
+void Session::Tell(QStringView sub, const Failure& caught) {
+    LoggedStep(m_application, sub.toString(), m_formInHand, [&] { throw Failure(caught); });
+    ConsoleUserInterface::PrintError(
+        QStringLiteral("%1: %2 (%3)").arg(QString::number(caught.Number()), caught.Text(), m_formInHand));
 }
 
 void RequirePage(const frmSheetwright& document, int page) {

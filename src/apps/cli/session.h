@@ -6,11 +6,13 @@
 #include "apps/cli/scratch_folder.h"
 #include "core/application.h"
 #include "core/console_user_interface.h"
+#include "core/failure.h"
 #include "document/document.h"
 
 #include <QString>
 
 #include <exception>
+#include <functional>
 #include <memory>
 
 namespace sheetwright::cli {
@@ -42,10 +44,12 @@ class Session {
     // The text member of a form, without reading it any further. Raises as OpenForm does.
     [[nodiscard]] QString FormText(const QString& path);
 
-    // The form in hand, as it was named on the command line: failures say it.
-    [[nodiscard]] const QString& FormInHand() const { return m_formInHand; }
+    // The boundary around work on forms: what `step` raises is told on standard error, and failures are
+    // logged, with the form in hand. Returns whether nothing was raised. A UsageError travels.
+    bool Guarded(QStringView sub, const std::function<void()>& step);
 
   private:
+    void Tell(QStringView sub, const Failure& caught);
     void TakeInHand(const QString& path);
     [[nodiscard]] CommandError Corrupt() const;
 
@@ -53,7 +57,7 @@ class Session {
     ConsoleUserInterface m_ui;
     Application m_application;
     Output m_output;
-    QString m_formInHand;
+    QString m_formInHand;  // as it was named on the command line
 };
 
 // Raises CommandError unless the document has a data page of that number.
