@@ -102,9 +102,13 @@ QString EncodeLineBreaks(QStringView text) {
 }
 
 QString DecodeLineBreaks(QStringView text) {
-    QString decoded = text.toString();
-    decoded.replace(kLineBreakMark, QStringLiteral("\r\n"));
-    return decoded;
+    QString decoded;
+    decoded.reserve(text.size());
+    for (qsizetype mark = text.indexOf(kLineBreakMark); mark >= 0; mark = text.indexOf(kLineBreakMark)) {
+        decoded.append(text.first(mark)).append(u"\r\n");
+        text = text.sliced(mark + 1);
+    }
+    return decoded.append(text);
 }
 
 QStringView KeyOf(QStringView line) {

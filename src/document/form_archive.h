@@ -15,10 +15,10 @@ namespace archive_limits {
 inline constexpr int kMembers = 10'000;
 inline constexpr qint64 kMemberBytes = 512LL * 1024 * 1024;
 inline constexpr qint64 kTotalBytes = 1024LL * 1024 * 1024;
-// Unpacked bytes to the bytes of the archive. Below the floor any ratio will do: a blank page as a picture
-// packs a thousand to one, and so little does no harm.
-inline constexpr qint64 kRatio = 300;
-inline constexpr qint64 kRatioFloor = 64LL * 1024 * 1024;
+// Unpacked bytes to the bytes of the archive, looked at above the floor. Repeated text packs less than 200 to
+// one; nothing but an empty picture comes near the 1000 to one of a bomb.
+inline constexpr qint64 kRatio = 500;
+inline constexpr qint64 kRatioFloor = 1024 * 1024;
 inline constexpr int kNameLength = 255;  // bytes of a member's name
 }  // namespace archive_limits
 

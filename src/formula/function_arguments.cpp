@@ -34,7 +34,8 @@ std::optional<Value> ArgumentReader::Next() {
 }
 
 Value ArgumentReader::NextOrEmpty() {
-    return Next().value_or(Value());
+    const std::optional<QStringView> expression = m_cutter.Next();
+    return expression ? m_evaluator.Evaluate(*expression) : Value();
 }
 
 double ArgumentReader::NextNumber() {

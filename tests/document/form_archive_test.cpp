@@ -322,10 +322,16 @@ TEST_F(FormArchiveTest, BombThatTellsItsSizeIsRefusedUnread) {
                   QStringLiteral("b.bmp"));
 }
 
-TEST_F(FormArchiveTest, PictureOfOneColourIsNoBomb) {
-    UnZip(Form({{"form.aff", kText}, {"white.bmp", QByteArray(30 * 1024 * 1024, '\xFF'), true}}));
+TEST_F(FormArchiveTest, RatioCountsAboveOneMebibyteOnly) {
+    const QByteArray blank(1024 * 1024 - kText.size(), '\xFF');
+    UnZip(Form({{"form.aff", kText}, {"white.bmp", blank, true}}));
     EXPECT_TRUE(m_ui.messages.empty());
-    EXPECT_EQ(QFileInfo(Path(QStringLiteral("unpacked/white.bmp"))).size(), 30 * 1024 * 1024);
+    EXPECT_EQ(QFileInfo(Path(QStringLiteral("unpacked/white.bmp"))).size(), blank.size());
+}
+
+TEST_F(FormArchiveTest, BombOfTwoMebibytesIsRefused) {
+    ExpectRefusal(BuildZip({{"a.aff", kText}, {"b.bmp", QByteArray(2 * 1024 * 1024, '\0'), true}}),
+                  failure::kOverflow, QStringLiteral("b.bmp"));
 }
 
 TEST_F(FormArchiveTest, EveryTruncationIsRefusedWhole) {

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <new>
 
@@ -121,6 +122,9 @@ QString OnlyForm(const CommandLine& line) {
 int main(int argumentCount, char** arguments) {
     // Remarks of the libraries are for their developers; standard error belongs to the errors of forms.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is a full disk, not the end
+#endif
     const QCoreApplication application(argumentCount, arguments);
     return sheetwright::cli::Run(QCoreApplication::arguments());
 }
