@@ -115,9 +115,10 @@ AtomicFile::~AtomicFile() {
 void AtomicFile::Replace() {
     if (const std::optional<struct stat> old = StatusOf(m_target)) {
         if (!(old->st_mode & S_IWUSR)) throw Failure(failure::kPathAccess);
-        // Only an administrator may give files away; for everybody else the new file is their own.
+        // Only an administrator may give files away, and not every file system knows owners and modes: what
+        // can't be taken over is no reason not to save.
         if (::fchown(m_file->Handle(), old->st_uid, old->st_gid) != 0) errno = 0;
-        if (::fchmod(m_file->Handle(), old->st_mode & 07777) != 0) throw Failure(FailureNumberOfErrno(errno));
+        if (::fchmod(m_file->Handle(), old->st_mode & 07777) != 0) errno = 0;
     }
     if (!IsInPlace(m_file->Handle(), m_beside)) throw Failure(failure::kPermissionDenied);
     ReplaceFile(m_beside, m_target);

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -67,6 +68,16 @@ std::optional<Failure> Ignoring(Step&& step) {
         return caught;
     }
     return std::nullopt;
+}
+
+// Runs a step that must end well or be told about: running out of memory counts as failure 7 here.
+template <typename Step>
+std::optional<Failure> Catching(Step&& step) {
+    try {
+        return Ignoring(std::forward<Step>(step));
+    } catch (const std::bad_alloc&) {
+        return Failure(failure::kOutOfMemory);
+    }
 }
 
 // Checked narrowing to the 16-bit and 32-bit numbers of a form, halves rounded to even.

@@ -3,8 +3,6 @@
 #include "core/application.h"
 #include "core/error_log.h"
 
-#include <new>
-
 namespace sheetwright {
 
 namespace {
@@ -32,19 +30,11 @@ void Report(Application& application, const QString& name, const Failure& caught
     application.ui.ShowMessage(MessageOf(application, caught), application.Title, MessageIcon::Critical);
 }
 
-std::optional<Failure> FailureOfCommand(const std::function<void()>& command) {
-    try {
-        return Ignoring(command);
-    } catch (const std::bad_alloc&) {
-        return Failure(failure::kOutOfMemory);
-    }
-}
-
 }  // namespace
 
 std::optional<Failure> RunCommand(Application& application, const QString& name,
                                   const std::function<void()>& command) {
-    std::optional<Failure> caught = FailureOfCommand(command);
+    std::optional<Failure> caught = Catching(command);
     if (caught) Report(application, name, *caught);
     return caught;
 }

@@ -41,10 +41,7 @@ class frmSheetwright {
     bool Changed = false;          // the document differs from its file
     bool PageChanged = false;      // the page on screen differs from its lines
     bool DoSaveAsOnly = false;     // can't be saved under its own name
-    bool MyReadonly = false;
-    QString MyTempDir;  // with trailing separator
-    std::int16_t MyOrientation = 0;
-    std::int16_t MyPaperSize = 0;
+    QString MyTempDir;             // with trailing separator
     TruthWords words;
 
     std::int16_t MePage = 0;

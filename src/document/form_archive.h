@@ -17,7 +17,7 @@ inline constexpr qint64 kMemberBytes = 512LL * 1024 * 1024;
 inline constexpr qint64 kTotalBytes = 1024LL * 1024 * 1024;
 // Unpacked bytes to the bytes of the archive, looked at above the floor. Repeated text packs less than 200 to
 // one; nothing but an empty picture comes near the 1000 to one of a bomb.
-inline constexpr qint64 kRatio = 500;
+inline constexpr qint64 kRatio = 800;
 inline constexpr qint64 kRatioFloor = 1024 * 1024;
 inline constexpr int kNameLength = 255;  // bytes of a member's name
 }  // namespace archive_limits

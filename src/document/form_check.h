@@ -22,8 +22,7 @@ using FindingReport = std::function<void(const Finding&)>;
 struct FormCheckSetting {
     const Conventions& conventions;
     TruthWords words;
-    std::function<bool(const QString& name)>
-        hasPicture;  // whether the form brings a picture of that bare name
+    std::function<bool(const QString& name)> hasPicture;  // whether the form brings that picture
 };
 
 // Reports each finding: what stands in the wrong place first, then page by page. Raises nothing of its own.

@@ -133,7 +133,7 @@ bool SaveForm(frmSheetwright& document, Recalculate recalculate) {
     const bool wasChanged = document.Changed || document.PageChanged;
     const bool wasSaveAsOnly = document.DoSaveAsOnly;
     bool isSaved = false;
-    const std::optional<Failure> failed = Ignoring([&] {
+    const std::optional<Failure> failed = Catching([&] {
         application.CurrentTempDir = document.MyTempDir;
         SavePage(document);
         WriteFormFile(document, recalculate);

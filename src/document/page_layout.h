@@ -48,8 +48,7 @@ class PageLayoutPool {
   private:
     void DropUnused();
 
-    std::unordered_map<std::size_t, std::weak_ptr<const PageLayout>>
-        m_layouts;  // by fingerprint of the names
+    std::unordered_map<std::size_t, std::weak_ptr<const PageLayout>> m_layouts;  // by fingerprint
     std::size_t m_dropAt = 64;
 };
 

@@ -92,8 +92,7 @@ class NumberMaskReader {
 
     MaskSection m_section;
     std::size_t m_at = 0;
-    int m_commas =
-        0;  // commas since the last digit: a group sign before another digit, else thousands to drop
+    int m_commas = 0;  // since the last digit: a group sign before another digit, else thousands to drop
     NumberMask m_mask;
 };
 

@@ -3,10 +3,8 @@
 // What a formula's text is made of: its statements, its quotes, and which parentheses belong together. One
 // pass over the text answers for every nested expression.
 
-#include <QString>
 #include <QStringView>
 
-#include <optional>
 #include <vector>
 
 namespace sheetwright {

@@ -51,12 +51,10 @@ std::optional<QDate> DateOf(const Value& value, const Conventions& conventions) 
 
 QString DayName(int dayOfWeek, const Application& application) {
     const std::array names{
-        application.Translate(QStringLiteral("Monday")),    application.Translate(QStringLiteral("Tuesday")),
-        application.Translate(QStringLiteral("Wednesday")), application.Translate(QStringLiteral("Thursday")),
-        application.Translate(QStringLiteral("Friday")),    application.Translate(QStringLiteral("Saturday")),
-        application.Translate(QStringLiteral("Sunday")),
+        QStringLiteral("Monday"), QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"), QStringLiteral("Thursday"),
+        QStringLiteral("Friday"), QStringLiteral("Saturday"), QStringLiteral("Sunday"),
     };
-    return names.at(static_cast<std::size_t>(dayOfWeek - 1));
+    return application.Translate(names.at(static_cast<std::size_t>(dayOfWeek - 1)));
 }
 
 }  // namespace

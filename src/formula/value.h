@@ -20,10 +20,6 @@ using Value = std::variant<Empty, bool, std::int16_t, std::int32_t, double, QStr
 // "Empty", "Boolean", "Integer", "Long", "Double" or "String".
 [[nodiscard]] QString KindOf(const Value& value);
 
-[[nodiscard]] inline bool IsString(const Value& value) {
-    return std::holds_alternative<QString>(value);
-}
-
 // A Double as text: at most 15 significant digits, no trailing zeros, the decimal separator of the system, an
 // exponent ("1E-05", "1E+15") only below 0.0001 and from 1E15 on.
 [[nodiscard]] QString DoubleText(double number, const Conventions& conventions);

@@ -8,7 +8,6 @@
 #include "formula/value.h"
 
 #include <QDate>
-#include <QDateTime>
 #include <QString>
 #include <QStringView>
 

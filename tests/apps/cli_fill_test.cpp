@@ -1,4 +1,5 @@
 #include "apps/cli_test.h"
+#include "document/zip_reader.h"
 #include "support/form_text.h"
 
 namespace sheetwright {
@@ -168,6 +169,21 @@ TEST_F(CliFill, AFolderThatIsNotThereCanNotBeSavedInto) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "error: Error code 76\n");
+}
+
+TEST_F(CliFill, KeysAndRecordsOfAnyKindSurviveASaveUnchanged) {
+    FormText form;
+    form.Page(S("Cover"), {S("PageKey=of its own")}).Field(S("A"), {S("OddKey= kept=so  x")});
+    form.Record(S("GADGET"), {S("anything=1"), S("no equals sign")});
+    form.Record(S("FIELDX"),
+                FormText::Changed(FormText::Font() + FormText::Extent(), {S("Name=X"), S("FieldType=0")}));
+    Write(S("a.aff"), form.Data(1, {S("A=1"), S("X=2")}).Bytes());
+    EXPECT_EQ(Filled({S("--set"), S("1:X=3")}), "1\tCover\tA\t1\n1\tCover\tX\t3\n");
+
+    const ZipReader archive(Path(S("out.aff")), 1);
+    QByteArray saved;
+    archive.Read(archive.Members().at(0), [&](QByteArrayView piece) { saved.append(piece); });
+    EXPECT_EQ(saved.replace("\t", ""), Read(S("a.aff")).replace("X=2", "X=3"));
 }
 
 TEST_F(CliFill, ARefusedSaveLeavesTheOldForm) {

@@ -56,6 +56,13 @@ TEST_F(CliInstallation, DictionaryOfOneColumnIsAFailure) {
     EXPECT_EQ(LeftOvers(), QStringList());
 }
 
+TEST_F(CliInstallation, TablesThatEndInsideQuotesAreReadAsFarAsTheyGo) {
+    Write(QStringLiteral("Sheetwright.DIC"), "ENGLISH,TRANSLATION\r\nError code %1,\"Fehlercode %1");
+    Write(QStringLiteral("papersizes.csv"), "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,\"11906");
+    EXPECT_THAT(RunHere().err, StartsWith("error: Fehlercode 321\n"));
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
 TEST_F(CliInstallation, EachOfSeveralCallsAtOnceLogsItsError) {
     RunSeveralAtOnce(QStringLiteral("bad.aff"));
     const QByteArray log = Read(QStringLiteral("errors.csv"));

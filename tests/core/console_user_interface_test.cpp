@@ -35,6 +35,10 @@ TEST(ConsoleUserInterface, AMessageOfSeveralLinesIsOneLineInUtf8) {
     EXPECT_EQ(Shown("größer\r\nals", "Product", MessageIcon::Critical), "error: größer als\n");
 }
 
+TEST(ConsoleUserInterface, ControlCharactersBecomeBlanksAndBlanksStay) {
+    EXPECT_EQ(Shown("a  b.aff\x1B[2J\tc\n", "Product", MessageIcon::Critical), "error: a  b.aff [2J c\n");
+}
+
 TEST(ConsoleUserInterface, QuestionsAreAnsweredByTheirFirstButton) {
     ConsoleUserInterface ui;
     testing::internal::CaptureStderr();

@@ -273,6 +273,37 @@ TEST(CheckForm, ANameThatCanNotBeReadBackIsFound) {
                                          "1:  c: Name begins with a blank, so its value can't be read back"));
 }
 
+TEST(CheckForm, ANameThatReadsAsAPageIsFound) {
+    FormText form = OnePage();
+    form.Field(S("BEGIN PAGE 9")).Field(S("END PAGES")).Field(S("BEGIN")).Field(S("END DATA"));
+    EXPECT_THAT(
+        Check(form),
+        ElementsAre("1: BEGIN PAGE 9: Name begins with \"BEGIN PAGE\", so its value can't be read back",
+                    "1: END PAGES: Name begins with \"END PAGE\", so its value can't be read back"));
+}
+
+TEST(CheckForm, AKeyWithOtherCapitalsIsFound) {
+    FormText form = OnePage();
+    form.Field(S("A"),
+               {S("-Width"), S("WIDTH=5"), S("formula=SETME(1)"), S("-ReadOnly"), S("readonly=True")});
+    EXPECT_THAT(Check(form),
+                ElementsAre("1: A: Formula is written \"formula\"", "1: A: Width is written \"WIDTH\""));
+}
+
+TEST(CheckForm, AWordThatLooksLikeAMarkerIsToldAsItIs) {
+    FormText form = OnePage();
+    form.Record(S("%1 %2"), {S("lost")});
+    EXPECT_THAT(Check(form), ElementsAre("1: %1 %2 1: line without \"=\": \"lost\""));
+}
+
+TEST(CheckForm, LongNamesAndValuesAreToldByTheirBeginnings) {
+    const QString name(1000, u'n');
+    FormText form = OnePage();
+    form.Field(name, {S("Width=") + name});
+    const std::string start(60, 'n');
+    EXPECT_THAT(Check(form), ElementsAre("1: " + start + "...: Width \"" + start + "...\" is no number"));
+}
+
 TEST(CheckForm, FindingsOfFormulasNameTheirField) {
     FormText form = OnePage();
     form.Formula(S("A"), S("SETME(AD(1,2))")).Formula(S("B"), S("SETME({FIELDS\\Cover,C})"));

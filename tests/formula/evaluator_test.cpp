@@ -161,6 +161,19 @@ TEST_F(EvaluatorTest, OtherWordsAreEmpty) {
     EXPECT_EQ(Told("A KEYWORD LONGER THAN ANY NAME"), "Empty");
 }
 
+TEST_F(EvaluatorTest, BooleansPrintInEnglishAndCountAsMinusOneAndZero) {
+    m_words = {QStringLiteral("Wahr"), QStringLiteral("Falsch")};
+    EXPECT_EQ(Told("CONCATENATE(EQUAL(1,1),EQUAL(1,2))"), "String TrueFalse");
+    EXPECT_EQ(Told("ADD(EQUAL(1,1))"), "Double -1");
+    EXPECT_EQ(Told("ADD(EQUAL(1,2))"), "Double 0");
+}
+
+TEST_F(EvaluatorTest, EmptyIsNoTextZeroAndFalse) {
+    EXPECT_EQ(Told("CONCATENATE(NOPE)"), "String ");
+    EXPECT_EQ(Told("ADD(NOPE)"), "Double 0");
+    EXPECT_EQ(Told("IF(NOPE,1,2)"), "Double 2");
+}
+
 TEST_F(EvaluatorTest, FunctionNamesIgnoreCase) {
     EXPECT_EQ(Told("ADD(1,2)"), "Double 3");
     EXPECT_EQ(Told("add(1,2)"), "Double 3");
@@ -285,6 +298,24 @@ TEST_F(EvaluatorTest, WhatFollowsTheFieldNameOfAReferenceIsIgnored) {
     EXPECT_EQ(Told("{FIELDS\\A,}"), "Empty") << "an empty name reads as 0";
 }
 
+TEST_F(EvaluatorTest, OfSeveralDesignsOfOneTitleTheFirstIsRead) {
+    AddDesign(QStringLiteral("A"));
+    AddPage(4, {QStringLiteral("b=of the namesake")});
+    EXPECT_EQ(Told("{FIELDS\\A,b}"), "String last");
+    m_mePage = 7;
+    EXPECT_EQ(Told("{FIELDS\\A,b}"), "String last");
+}
+
+TEST_F(EvaluatorTest, ATitleMayHoldABackslashAndInQuotesAComma) {
+    AddDesign(QStringLiteral("A\\B"));
+    AddDesign(QStringLiteral("c,d"));
+    AddPage(4, {QStringLiteral("b=behind the first backslash")});
+    AddPage(5, {QStringLiteral("b=quoted")});
+    EXPECT_EQ(Told("{FIELDS\\A\\B,b}"), "String behind the first backslash");
+    EXPECT_EQ(Told("{\"FIELDS\\c,d\",b}"), "String quoted");
+    EXPECT_EQ(Told("{FIELDS\\c,d,b}"), "Empty");
+}
+
 TEST_F(EvaluatorTest, AReferenceNeedsABackslash) {
     EXPECT_EQ(Told("{FIELDS,b}"), "failure 5");
     EXPECT_EQ(Told("{FIELDS}"), "failure 5");
@@ -340,6 +371,32 @@ TEST_F(TableReferenceTest, AMissingColumnOrDriverIsEmpty) {
     EXPECT_EQ(Told("{DRIVERS\\x,Name}"), "Empty");
     m_driver = &m_table;
     EXPECT_EQ(Told("{DRIVERS\\x,Nothing}"), "Empty");
+}
+
+TEST_F(TableReferenceTest, OnlyMinusOneIsTrueAndABlankDateHasNoText) {
+    m_driver = &m_table;
+    const std::pair<const char*, const char*> cases[] = {{"-1.0", "String Wahr"},
+                                                         {"1", "String Falsch"},
+                                                         {"-2", "String Falsch"},
+                                                         {"", "String Falsch"},
+                                                         {"True", "String Falsch"}};
+    for (const auto& [stored, told] : cases) {
+        m_table.Columns().At(QStringLiteral("Paid")).SetValue(QString::fromLatin1(stored));
+        EXPECT_EQ(Told("{DRIVERS\\x,Paid}"), told) << stored;
+    }
+    m_table.Columns().At(QStringLiteral("Due")).SetValue(QString());
+    EXPECT_EQ(Told("{DRIVERS\\x,Due}"), "String ");
+}
+
+TEST_F(TableReferenceTest, ADriverNeedsAFileNameAndAListNone) {
+    CsvTable fresh;
+    fresh.Columns().Add(QStringLiteral("Name"));
+    fresh.AddRecord();
+    fresh.Columns().At(QStringLiteral("Name")).SetValue(QStringLiteral("Cy"));
+    m_driver = &fresh;
+    m_list = &fresh;
+    EXPECT_EQ(Told("{DRIVERS\\x,Name}"), "Empty");
+    EXPECT_EQ(Told("{LISTS\\x,Name}"), "String Cy");
 }
 
 TEST_F(TableReferenceTest, ListsReadTheSelectedRowOfTheAttachedList) {
