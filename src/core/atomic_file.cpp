@@ -39,41 +39,41 @@ std::optional<struct stat> StatusOf(const QString& path) {
 }
 
 // A file that can't be created blames the place where it should lie, not the file.
-int CreationFailure(int error) {
+int CreationFailure(int error, int failureIfThere) {
     const int number = FailureNumberOfErrno(error);
+    if (number == failure::kFileExists) return failureIfThere;
     if (number == failure::kFileNotFound) return failure::kPathNotFound;
-    const bool isRefused = number == failure::kPermissionDenied || number == failure::kFileExists;
-    return isRefused ? failure::kPathAccess : number;
+    return number == failure::kPermissionDenied ? failure::kPathAccess : number;
 }
 
 // Two programs may save the same file at the same moment. Each holds its own file beside, so that neither
 // takes the other's unfinished one for a left-over of a crash.
-bool TryHold(int handle) {
-    return ::flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-}
-
 void RemoveLeftOver(const QString& path) {
     const QByteArray name = QFile::encodeName(path);
     const int handle = ::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    const bool isFree = handle < 0 || TryHold(handle);
-    if (isFree) ::unlink(name.constData());
+    if (handle < 0 && (errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG)) return;
+    const bool isFree = handle < 0 || (TryHoldFile(handle) && IsFileInPlace(handle, path));
+    const bool isGone = isFree && (::unlink(name.constData()) == 0 || errno == ENOENT);
     if (handle >= 0) ::close(handle);
-    if (!isFree) throw Failure(failure::kPermissionDenied);
+    if (!isGone) throw Failure(isFree ? failure::kPathAccess : failure::kPermissionDenied);
 }
 
-// Whether the name still leads to the file that was opened.
-bool IsInPlace(int handle, const QString& path) {
+}  // namespace
+
+bool TryHoldFile(int handle) {
+    return ::flock(handle, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
+}
+
+bool IsFileInPlace(int handle, const QString& path) {
     struct stat opened {};
     const std::optional<struct stat> present = StatusOf(path);
     return ::fstat(handle, &opened) == 0 && present && opened.st_dev == present->st_dev &&
            opened.st_ino == present->st_ino;
 }
 
-}  // namespace
-
-NewFile::NewFile(const QString& path)
+NewFile::NewFile(const QString& path, int failureIfThere)
     : m_handle(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {
-    if (m_handle < 0) throw Failure(CreationFailure(errno));
+    if (m_handle < 0) throw Failure(CreationFailure(errno, failureIfThere));
 }
 
 NewFile::~NewFile() {
@@ -103,12 +103,14 @@ AtomicFile::AtomicFile(const QString& target, const QString& suffix)
     const std::optional<struct stat> old = StatusOf(m_target);
     if (old && !S_ISREG(old->st_mode)) throw Failure(failure::kPathAccess);
     RemoveLeftOver(m_beside);
-    m_file.emplace(m_beside);
-    if (!TryHold(m_file->Handle())) throw Failure(failure::kPermissionDenied);
+    m_file.emplace(m_beside, failure::kPermissionDenied);
+    // Another program may have taken it for a left-over before it was held.
+    const bool isOurs = TryHoldFile(m_file->Handle()) && IsFileInPlace(m_file->Handle(), m_beside);
+    if (!isOurs) throw Failure(failure::kPermissionDenied);
 }
 
 AtomicFile::~AtomicFile() {
-    if (!m_isInPlace && IsInPlace(m_file->Handle(), m_beside))
+    if (!m_isInPlace && IsFileInPlace(m_file->Handle(), m_beside))
         ::unlink(QFile::encodeName(m_beside).constData());
 }
 
@@ -120,7 +122,7 @@ void AtomicFile::Replace() {
         if (::fchown(m_file->Handle(), old->st_uid, old->st_gid) != 0) errno = 0;
         if (::fchmod(m_file->Handle(), old->st_mode & 07777) != 0) errno = 0;
     }
-    if (!IsInPlace(m_file->Handle(), m_beside)) throw Failure(failure::kPermissionDenied);
+    if (!IsFileInPlace(m_file->Handle(), m_beside)) throw Failure(failure::kPermissionDenied);
     ReplaceFile(m_beside, m_target);
     m_isInPlace = true;
 }

@@ -4,6 +4,8 @@
 // reader sees the old file or the new one and never a part; a failure, or just letting go, leaves the old
 // one.
 
+#include "core/failure.h"
+
 #include <QByteArrayView>
 #include <QString>
 
@@ -14,8 +16,9 @@ namespace sheetwright {
 // A file that is created here and was not there before; closed on destruction.
 class NewFile {
   public:
-    // Raises 75 (something of that name is there, or no access), 76 (no such folder), 61 or 57.
-    explicit NewFile(const QString& path);
+    // Raises `failureIfThere` (something of that name is there), 75 (no access), 76 (no such folder), 61
+    // or 57.
+    explicit NewFile(const QString& path, int failureIfThere = failure::kPathAccess);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile();
@@ -37,7 +40,8 @@ class NewFile {
 class AtomicFile {
   public:
     // Opens `target` + `suffix`, both taken behind symbolic links; a left-over of that name is replaced.
-    // Raises 75 (target is no plain file, or no access), 76 (no such folder), 61 or 57.
+    // Raises 75 (target is no plain file, or no access), 70 (another program is saving it), 76 (no such
+    // folder), 61 or 57.
     AtomicFile(const QString& target, const QString& suffix);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
@@ -57,5 +61,13 @@ class AtomicFile {
     std::optional<NewFile> m_file;
     bool m_isInPlace = false;
 };
+
+// Whether this process now is the only one to hold an open file. Where the system can't hold files, everybody
+// may.
+[[nodiscard]] bool TryHoldFile(int handle);
+
+// Whether `path` still leads to the file that was opened, and not to one that another process has put in its
+// place.
+[[nodiscard]] bool IsFileInPlace(int handle, const QString& path);
 
 }  // namespace sheetwright

@@ -1,6 +1,7 @@
 #include "core/error_log.h"
 
 #include "core/application.h"
+#include "core/atomic_file.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "formula/value_conversion.h"
@@ -14,12 +15,7 @@
 #include <QFileInfo>
 #include <QThread>
 
-#include <sys/file.h>
-#include <sys/stat.h>
-
-#include <algorithm>
 #include <array>
-#include <cerrno>
 
 namespace sheetwright {
 
@@ -47,10 +43,6 @@ LogRow RowOf(const Application& application, const QString& sub, const QString& 
     }};
 }
 
-bool IsAscii(QStringView text) {
-    return std::all_of(text.begin(), text.end(), [](QChar character) { return character.unicode() < 0x80; });
-}
-
 QString LineOf(const LogRow& row) {
     QStringList fields;
     for (const LogField& field : row) {
@@ -60,21 +52,6 @@ QString LineOf(const LogRow& row) {
         fields << (needsQuotes ? u'"' + text + u'"' : text);
     }
     return fields.join(u',') + QStringLiteral("\r\n");
-}
-
-// Whether this process now is the only one to hold the file. Where the system can't hold files, everybody
-// may.
-bool TryHold(const QFile& file) {
-    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
-}
-
-// Not when another process has put a new file in the place of the one that was opened.
-bool IsInPlace(const QFile& file) {
-    struct stat opened {};
-    struct stat present {};
-    return ::fstat(file.handle(), &opened) == 0 &&
-           ::stat(QFile::encodeName(file.fileName()).constData(), &present) == 0 &&
-           opened.st_dev == present.st_dev && opened.st_ino == present.st_ino;
 }
 
 // The log as long as no other process writes to it: several may run from one installation.
@@ -121,7 +98,7 @@ class HeldLog {
         const bool isRefused = info.exists() && !(info.isFile() && info.permission(QFile::WriteOwner));
         const auto mode = QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered;
         if (isRefused || !m_file.open(mode)) throw Failure(failure::kPathAccess);
-        return TryHold(m_file) && IsInPlace(m_file);
+        return TryHoldFile(m_file.handle()) && IsFileInPlace(m_file.handle(), m_file.fileName());
     }
 
     QFile m_file;

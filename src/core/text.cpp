@@ -26,6 +26,13 @@ bool IsAsciiRun(const Unit* units, qsizetype count) {
     return true;
 }
 
+QByteArray ToUtf8(QStringView text) {
+    const QByteArray bytes = text.toUtf8();
+    return text.startsWith(QChar(QChar::ByteOrderMark)) ? "\xEF\xBB\xBF" + bytes : bytes;
+}
+
+}  // namespace
+
 bool IsAscii(QByteArrayView bytes) {
     return IsAsciiRun(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
 }
@@ -33,13 +40,6 @@ bool IsAscii(QByteArrayView bytes) {
 bool IsAscii(QStringView text) {
     return IsAsciiRun(text.utf16(), text.size());
 }
-
-QByteArray ToUtf8(QStringView text) {
-    const QByteArray bytes = text.toUtf8();
-    return text.startsWith(QChar(QChar::ByteOrderMark)) ? "\xEF\xBB\xBF" + bytes : bytes;
-}
-
-}  // namespace
 
 QString DecodeFileText(QByteArrayView bytes) {
     if (IsAscii(bytes)) return QString::fromLatin1(bytes);

@@ -14,6 +14,9 @@ namespace sheetwright {
 // The code page of old files, by the name that QStringConverter knows.
 inline constexpr const char* kCodePage = "windows-1252";
 
+[[nodiscard]] bool IsAscii(QByteArrayView bytes);
+[[nodiscard]] bool IsAscii(QStringView text);
+
 // Bytes of a form or table as text: UTF-8 when they are valid UTF-8 holding at least one non-ASCII character
 // (a byte-order mark counts and is dropped), otherwise the code page. Never fails: every byte means
 // something.

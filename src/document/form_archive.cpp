@@ -79,11 +79,15 @@ class Staging {
     QTemporaryDir m_folder;
 };
 
-void CopyPlainText(const QString& path, const QString& destination) {
+bool BeginsAsPlainText(QFile& file) {
+    QByteArray start = file.peek(kUtf8Mark.size() + kVersionWord.size());
+    if (start.startsWith(kUtf8Mark)) start.remove(0, kUtf8Mark.size());
+    return start.startsWith(kVersionWord);
+}
+
+// Takes the open file, not its name: under that an archive may lie by now, if another program saves the form.
+void CopyPlainText(QFile& source, const QString& name, const QString& destination) {
     const Staging staging(destination);
-    const QString name = GetFileName(path);
-    QFile source(OnDisk(path));
-    OpenForReading(source);
     const NewFile copy(staging.PathOf(name));
     qint64 bytes = 0;
     while (!source.atEnd()) {
@@ -200,14 +204,14 @@ bool IsTextMemberName(const QString& name) {
 bool IsPlainTextForm(const QString& path) {
     QFile file(OnDisk(path));
     OpenForReading(file);
-    QByteArray start = file.read(kUtf8Mark.size() + kVersionWord.size());
-    if (start.startsWith(kUtf8Mark)) start.remove(0, kUtf8Mark.size());
-    return start.startsWith(kVersionWord);
+    return BeginsAsPlainText(file);
 }
 
 void UnZipForm(Application& application, const QString& path, const QString& destination) {
-    if (IsPlainTextForm(path)) {
-        CopyPlainText(path, destination);
+    QFile file(OnDisk(path));
+    OpenForReading(file);
+    if (BeginsAsPlainText(file)) {
+        CopyPlainText(file, GetFileName(path), destination);
         return;
     }
     QString member;

@@ -5,6 +5,7 @@
 #include "core/quoted.h"
 #include "core/text.h"
 #include "document/form_outline.h"
+#include "document/page_lines.h"
 #include "document/record_rules.h"
 #include "formula/formula_check.h"
 
@@ -143,7 +144,7 @@ class DataCheck {
         : m_outline(outline), m_report(report) {}
 
     void Take(QStringView line) {
-        if (line.startsWith(u"BEGIN PAGE")) {
+        if (IsPageHeader(line)) {
             BeginPage(line);
         } else if (m_number > 0 && !line.isEmpty() && !line.startsWith(u"END PAGE")) {
             TakeValue(line);
@@ -156,9 +157,8 @@ class DataCheck {
     }
 
     void BeginPage(QStringView line) {
-        constexpr qsizetype kNumberAt = 11;
         constexpr QStringView kDesign = u" DESIGN=";
-        const QStringView rest = line.sliced(std::min(kNumberAt, line.size()));
+        const QStringView rest = line.sliced(std::min(kPageNumberAt, line.size()));
         const qsizetype at = rest.indexOf(kDesign);
         bool isNumber = false;
         bool isDesign = false;

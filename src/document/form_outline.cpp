@@ -2,6 +2,7 @@
 
 #include "core/quoted.h"
 #include "core/text.h"
+#include "document/page_lines.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,8 +13,7 @@ namespace {
 
 constexpr qsizetype kKindLength = 4;
 
-// Columns at which the number of a page, the word of a record and the word of its end begin, from 0.
-constexpr qsizetype kPageNumberAt = 11;
+// Columns at which the word of a record and the word of its end begin, from 0.
 constexpr qsizetype kWordAt = 6;
 constexpr qsizetype kEndWordAt = 4;
 
@@ -27,7 +27,7 @@ class Outliner {
     Outliner(FormOutline& outline, const FindingReport& report) : m_outline(outline), m_report(report) {}
 
     void Take(QStringView line) {
-        if (line.startsWith(u"BEGIN PAGE")) {
+        if (IsPageHeader(line)) {
             BeginPage(line);
         } else if (m_page == nullptr || line.isEmpty()) {
             return;
@@ -155,10 +155,6 @@ QStringView RecordOutline::Value(QStringView key) const {
 QString RecordOutline::Label() const {
     const QStringView name = Value(u"Name");
     return name.isEmpty() ? Shortened(word) + u' ' + QString::number(number) : Shortened(name);
-}
-
-QStringView TakeFormLine(QStringView& rest) {
-    return TrimBlanks(StripTabs(TakeLine(rest)));
 }
 
 FormOutline OutlineOf(QStringView text, const FindingReport& report) {

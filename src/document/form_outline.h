@@ -47,7 +47,4 @@ struct FormOutline {
 
 [[nodiscard]] FormOutline OutlineOf(QStringView text, const FindingReport& report);
 
-// A line as the reader sees it: without leading tabs, without blanks at its ends.
-[[nodiscard]] QStringView TakeFormLine(QStringView& rest);
-
 }  // namespace sheetwright

@@ -17,21 +17,20 @@ namespace sheetwright {
 
 namespace {
 
-constexpr qsizetype kHeaderNumber = 11;  // characters before the number of "BEGIN PAGE 1"
-constexpr qsizetype kNameColumn = 5;     // characters before the value of "Name=Field1"
-constexpr int kLinesPerUpdate = 20;      // of the design section; its lines cost more than a look at the bar
+constexpr qsizetype kNameColumn = 5;  // characters before the value of "Name=Field1"
+constexpr int kLinesPerUpdate = 20;   // of the design section; its lines cost more than a look at the bar
 
 // Coordinates may be written with "." or with the local decimal separator.
 constexpr std::array<QStringView, 7> kNumericKeys{u"Height",  u"Left",   u"Top",     u"Width",
                                                   u"AbsLeft", u"AbsTop", u"FontSize"};
 
-// Lines of a text as they are compared and stored: without leading tabs, then without blanks at both ends.
+// The lines of a form's text one after the other.
 class LineSource {
   public:
     explicit LineSource(const QString& text) : m_rest(text), m_length(text.size()) {}
 
     [[nodiscard]] bool AtEnd() const { return m_rest.isEmpty(); }
-    [[nodiscard]] QStringView Next() { return TrimBlanks(StripTabs(TakeLine(m_rest))); }
+    [[nodiscard]] QStringView Next() { return TakeFormLine(m_rest); }
 
     [[nodiscard]] qsizetype Position() const { return m_length - m_rest.size(); }
     [[nodiscard]] qsizetype Length() const { return m_length; }
@@ -134,7 +133,7 @@ void FormReader::CheckVersion(QStringView line) {
 }
 
 void FormReader::BeginDesignPage(QStringView line) {
-    const std::int16_t number = Number(line.mid(kHeaderNumber));
+    const std::int16_t number = Number(line.mid(kPageNumberAt));
     // The offset would make a page without a number the last one that is already there.
     m_document.PageNum = number > 0 ? ToInt16(number + m_offset) : number;
     Store(QStringLiteral("BEGIN PAGE %1").arg(m_document.PageNum));
@@ -178,9 +177,9 @@ void FormReader::ReadData() {
 }
 
 void FormReader::BeginDataPage(QStringView line) {
-    const qsizetype blank = line.indexOf(u' ', kHeaderNumber);
+    const qsizetype blank = line.indexOf(u' ', kPageNumberAt);
     if (blank < 0) throw Failure(failure::kInvalidCall);
-    m_document.DataPageNum = Number(line.sliced(kHeaderNumber, blank - kHeaderNumber));
+    m_document.DataPageNum = Number(line.sliced(kPageNumberAt, blank - kPageNumberAt));
     if (!line.sliced(blank).contains(u" DESIGN=")) throw Failure(failure::kTypeMismatch);
 }
 

@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "core/text.h"
 #include "document/document.h"
+#include "document/record_rules.h"
 
 #include <algorithm>
 
@@ -27,7 +28,7 @@ void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
     }
     if (kind != u"FIEL") return;
     const QString* const type = record.Find(u"FieldType");
-    const bool isTextField = type != nullptr && (*type == u"0" || *type == u"2");
+    const bool isTextField = type != nullptr && IsTextFieldType(*type);
     auto& records = isTextField ? document.FieldProperties : document.BitmapProperties;
     records.push_back(std::move(record));
 }
@@ -71,7 +72,7 @@ void LoadHeadlessPage(frmSheetwright& document) {
 bool HasValueLine(const PageLines& page) {
     for (int position = 1; position <= page.Count(); ++position) {
         const QStringView line = page.Line(position);
-        if (!line.startsWith(u"BEGIN PAGE") && !line.startsWith(u"END PAGE")) return true;
+        if (!IsPageHeader(line) && !line.startsWith(u"END PAGE")) return true;
     }
     return false;
 }

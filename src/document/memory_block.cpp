@@ -12,8 +12,7 @@ namespace sheetwright {
 
 namespace {
 
-constexpr qsizetype kHeaderNumber = 11;  // characters before the number of "BEGIN PAGE 1"
-constexpr int kShrinkLimit = 4096;       // lines; larger pages keep what growing took
+constexpr int kShrinkLimit = 4096;  // lines; larger pages keep what growing took
 
 const PageLines& Checked(const std::vector<PageLines>& pages, int number) {
     if (number < 0 || static_cast<std::size_t>(number) >= pages.size()) throw Failure(failure::kSubscript);
@@ -35,7 +34,7 @@ void RenumberLine(PageLines& page, int position, int number) {
     const QStringView line = page.Line(position);
     const qsizetype design = line.indexOf(u" DESIGN=");
     if (!IsPageHeader(line) || design < 0) return;
-    QString renumbered = line.first(std::min(kHeaderNumber, line.size())).toString();
+    QString renumbered = line.first(std::min(kPageNumberAt, line.size())).toString();
     renumbered.append(QString::number(number)).append(line.sliced(design));
     page.Replace(position, std::move(renumbered));
 }

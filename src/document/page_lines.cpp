@@ -19,6 +19,10 @@ bool IsPageHeader(QStringView line) {
     return line.startsWith(u"BEGIN PAGE");
 }
 
+QStringView TakeFormLine(QStringView& rest) {
+    return TrimBlanks(StripTabs(TakeLine(rest)));
+}
+
 std::size_t PageLines::Index(int position) const {
     if (position < 1 || position > Count()) throw Failure(failure::kSubscript);
     return static_cast<std::size_t>(position - 1);

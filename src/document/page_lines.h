@@ -80,4 +80,11 @@ class PageLines {
 // Whether a line opens a page: its first ten characters are "BEGIN PAGE".
 [[nodiscard]] bool IsPageHeader(QStringView line);
 
+// Where the page's number begins in such a line, from 0.
+inline constexpr qsizetype kPageNumberAt = 11;
+
+// Takes the next line off the front of a form's text, as it is compared and stored: without leading tabs,
+// then without blanks at both ends.
+[[nodiscard]] QStringView TakeFormLine(QStringView& rest);
+
 }  // namespace sheetwright

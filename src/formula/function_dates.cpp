@@ -51,10 +51,12 @@ std::optional<QDate> DateOf(const Value& value, const Conventions& conventions) 
 
 QString DayName(int dayOfWeek, const Application& application) {
     const std::array names{
-        QStringLiteral("Monday"), QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"), QStringLiteral("Thursday"),
-        QStringLiteral("Friday"), QStringLiteral("Saturday"), QStringLiteral("Sunday"),
+        application.Translate(QStringLiteral("Monday")),    application.Translate(QStringLiteral("Tuesday")),
+        application.Translate(QStringLiteral("Wednesday")), application.Translate(QStringLiteral("Thursday")),
+        application.Translate(QStringLiteral("Friday")),    application.Translate(QStringLiteral("Saturday")),
+        application.Translate(QStringLiteral("Sunday")),
     };
-    return application.Translate(names.at(static_cast<std::size_t>(dayOfWeek - 1)));
+    return names.at(static_cast<std::size_t>(dayOfWeek - 1));
 }
 
 }  // namespace

@@ -4,25 +4,11 @@
 
 #include <QStringDecoder>
 
-#include <algorithm>
-#include <cstdint>
-#include <cstring>
-
 namespace sheetwright {
 
 namespace {
 
 constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
-
-bool IsAscii(QByteArrayView bytes) {
-    const char* at = bytes.begin();
-    for (; bytes.end() - at >= 32; at += 32) {
-        std::uint64_t words[4];
-        std::memcpy(words, at, sizeof words);
-        if (((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080U) != 0) return false;
-    }
-    return std::all_of(at, bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 128; });
-}
 
 QString DecodedUpperHalf() {
     QByteArray bytes(128, '\0');

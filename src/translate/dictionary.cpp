@@ -3,8 +3,8 @@
 #include "core/failure.h"
 #include "core/paths.h"
 #include "core/text.h"
+#include "import/csv_table.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace sheetwright {
@@ -31,6 +31,19 @@ QString WithMarkersFilled(const QString& text, const QString& parameters) {
     return filled;
 }
 
+// Translations by their English; the first of equal texts counts. Raises 5 without that column.
+QHash<QString, QString> TranslationsIn(CsvTable& table) {
+    const CsvColumn& english = table.Columns().At(QStringLiteral("ENGLISH"));
+    const bool hasTranslations = table.Columns().Count() > 1;
+    QHash<QString, QString> translations;
+    for (; !table.AtEnd(); table.MoveNext()) {
+        const QString text = english.Value();
+        if (!translations.contains(text))
+            translations.insert(text, hasTranslations ? table.Columns().At(2).Value() : QString());
+    }
+    return translations;
+}
+
 }  // namespace
 
 QString GetParam(const QString& parameters, int n) {
@@ -45,54 +58,27 @@ QString GetParam(const QString& parameters, int n) {
     return all.sliced(start, (end < 0 ? all.size() : end) - start).toString();
 }
 
-Dictionary::Dictionary() : m_dictTable(std::make_unique<CsvTable>()) {}
-
-bool Dictionary::IsOpen() const {
-    return !m_dictTable->FileName().isEmpty();
-}
-
 void Dictionary::Load(const QString& path) {
     if (!FileExists(path)) return;
-    auto table = std::make_unique<CsvTable>();
-    table->SetFileName(path);
-    const QString english = QStringLiteral("ENGLISH");
-    FirstRecords index;
+    CsvTable table;
+    table.SetFileName(path);
+    QHash<QString, QString> translations;
     // A file without that column translates nothing.
-    Ignoring([&] {
-        table->Sort(english);
-        index = Index(*table, english);
-    });
-    m_dictTable = std::move(table);
-    m_dictIndex = std::move(index);
-}
-
-Dictionary::FirstRecords Dictionary::Index(CsvTable& table, const QString& column) {
-    FirstRecords index;
-    const CsvColumn& texts = table.Columns().At(column);
-    for (table.MoveFirst(); !table.AtEnd(); table.MoveNext()) {
-        const QString text = texts.Value();
-        if (!text.isEmpty()) index.try_emplace(text.front().unicode(), table.Position());
-    }
-    return index;
+    Ignoring([&] { translations = TranslationsIn(table); });
+    m_translations = std::move(translations);
+    m_hasTranslations = table.Columns().Count() > 1;
+    m_isOpen = true;
 }
 
 QString Dictionary::Lookup(const QString& text) const {
-    const auto first = m_dictIndex.find(text.front().unicode());
-    if (first == m_dictIndex.end()) return text;
-    CsvTable& table = *m_dictTable;
-    const CsvColumn& english = table.Columns().At(QStringLiteral("ENGLISH"));
-    for (table.SetPosition(first->second); !table.AtEnd(); table.MoveNext()) {
-        const QString entry = english.Value();
-        if (entry.isEmpty() || entry.front() != text.front()) break;
-        if (entry != text) continue;
-        const QString translation = table.Columns().At(2).Value();
-        return TrimBlanks(translation).isEmpty() ? text : translation;
-    }
-    return text;
+    const auto translation = m_translations.constFind(text);
+    if (translation == m_translations.constEnd()) return text;
+    if (!m_hasTranslations) throw Failure(failure::kSubscript);
+    return TrimBlanks(*translation).isEmpty() ? text : *translation;
 }
 
 QString Dictionary::Translate(const QString& text, const QString& parameters) const {
-    const QString result = text.isEmpty() || !IsOpen() ? text : Lookup(text);
+    const QString result = text.isEmpty() ? text : Lookup(text);
     return result.contains(QStringLiteral("%1")) ? WithMarkersFilled(result, parameters) : result;
 }
 

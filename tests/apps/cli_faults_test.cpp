@@ -233,22 +233,6 @@ TEST_F(CliFaults, WhatAKilledSaveLeftBesideTheFormGoesWithTheNext) {
     EXPECT_EQ(FilesIn(S(".")), QStringList(S("a.aff")));
 }
 
-TEST_F(CliFaults, EverySignalThatEndsACallTakesItsFolderAlong) {
-    Write(S("a.aff"), LongWork(20'000));
-    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-        QProcess process;
-        process.setChildProcessModifier([] {
-            const rlimit none{0, 0};
-            ::setrlimit(RLIMIT_CORE, &none);
-        });
-        StartAndAwaitWork(process, {S("fill"), S("a.aff"), S("--save"), S("a.aff")});
-        ::kill(static_cast<pid_t>(process.processId()), number);
-        ASSERT_TRUE(process.waitForFinished(60'000));
-        EXPECT_EQ(process.exitStatus(), QProcess::CrashExit) << number;
-        EXPECT_EQ(LeftOvers(), QStringList()) << number;
-    }
-}
-
 TEST_F(CliFaults, AFormThatTurnsReadOnlyMeanwhileStaysAsItWas) {
     const QByteArray form = LongWork(2'000);
     Write(S("a.aff"), form);

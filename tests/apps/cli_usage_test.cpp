@@ -164,30 +164,6 @@ TEST_F(CliUsage, NoTemporaryFileIsLeft) {
     EXPECT_EQ(LeftOvers(), QStringList());
 }
 
-TEST_F(CliUsage, AnInterruptedCallLeavesNoTemporaryFile) {
-    FormText form;
-    form.Page(S("Cover"))
-        .Formula(S("A"), S("SETME(") + S("ADD(1,").repeated(300) + S("1") + S(")").repeated(301));
-    for (int page = 0; page < 20'000; ++page)
-        form.Data(1, {S("A=1")});
-    Write(S("a.aff"), form.Bytes());
-
-    QProcess process;
-    Prepare(process, {S("fill"), S("a.aff")}, S("C.UTF-8"));
-    process.start();
-    ASSERT_TRUE(process.waitForStarted());
-    const auto isUnpacked = [&] {
-        QDirIterator files(Path(S("tmp")), {S("a.aff")}, QDir::Files, QDirIterator::Subdirectories);
-        return files.hasNext();
-    };
-    while (!isUnpacked() && process.state() == QProcess::Running)
-        process.waitForReadyRead(1);
-    process.terminate();
-    ASSERT_TRUE(process.waitForFinished(60'000));
-    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
-    EXPECT_EQ(LeftOvers(), QStringList());
-}
-
 TEST_F(CliUsage, OutputThatCanNotBeWrittenIsAnError) {
     Write(S("a.aff"), OneField());
     QProcess process;

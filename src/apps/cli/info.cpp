@@ -20,7 +20,7 @@ QString VersionOf(const frmSheetwright& document) {
     const QString text = DecodeFileText(bytes);
     QStringView rest(text);
     while (!rest.isEmpty()) {
-        const QStringView line = TrimBlanks(StripTabs(TakeLine(rest)));
+        const QStringView line = TakeFormLine(rest);
         if (line == u"END DESIGN") break;
         constexpr QStringView kWord = u"VERSION";
         if (line.startsWith(kWord)) return TrimBlanks(line.sliced(kWord.size())).toString();

@@ -122,8 +122,9 @@ QString OnlyForm(const CommandLine& line) {
 int main(int argumentCount, char** arguments) {
     // Remarks of the libraries are for their developers; standard error belongs to the errors of forms.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is a full disk, not the end
+#ifdef SIGXFSZ  // a pipe that nobody reads and a file beyond its limit are failed writes, not the end
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 #endif
     const QCoreApplication application(argumentCount, arguments);
     return sheetwright::cli::Run(QCoreApplication::arguments());

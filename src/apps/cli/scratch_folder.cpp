@@ -8,44 +8,12 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <csignal>
-#include <system_error>
-#include <thread>
-
 namespace sheetwright::cli {
 
 namespace {
 
 constexpr QLatin1String kName("sheetwright-");
 constexpr QLatin1String kMark("/in-use");
-
-// Blocks the signals that end a process, without those that whoever started this one has it ignore.
-sigset_t BlockEndingSignals() {
-    sigset_t ending;
-    sigemptyset(&ending);
-    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-        struct sigaction action {};
-        sigaction(number, nullptr, &action);
-        if (action.sa_handler != SIG_IGN) sigaddset(&ending, number);
-    }
-    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
-    return ending;
-}
-
-// Waits for an ending signal, removes the folder, and lets the signal have its way. Work may still go on in
-// the folder meanwhile.
-[[noreturn]] void AwaitEnd(const sigset_t& ending, const QString& folder) {
-    constexpr int kAttempts = 100;
-    int number = SIGTERM;
-    sigwait(&ending, &number);
-    // An empty name would be the current folder.
-    for (int attempt = 0; attempt < kAttempts && !folder.isEmpty() && QFileInfo::exists(folder); ++attempt)
-        QDir(folder).removeRecursively();
-    std::signal(number, SIG_DFL);
-    pthread_sigmask(SIG_UNBLOCK, &ending, nullptr);
-    kill(getpid(), number);
-    _exit(128 + number);
-}
 
 // Locks a file for as long as the handle is open; -1 when there is none or another process has it locked.
 int TryHold(const QString& path, int flags) {
@@ -82,19 +50,10 @@ QString RoomForFolder() {
 
 }  // namespace
 
-ScratchFolder::ScratchFolder()
-    : m_ending(BlockEndingSignals()), m_folder(RoomForFolder()), m_hold(TakeInUse(m_folder.path())) {
-    // A pipe that nobody reads and a file beyond its limit are failures of the write, not the process's end.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
-    try {
-        std::thread([ending = m_ending, folder = m_folder.path()] { AwaitEnd(ending, folder); }).detach();
-    } catch (const std::system_error&) {  // no room for a thread: better leave a folder than be deaf
-        pthread_sigmask(SIG_UNBLOCK, &m_ending, nullptr);
-    }
-}
+ScratchFolder::ScratchFolder() : m_folder(RoomForFolder()), m_hold(TakeInUse(m_folder.path())) {}
 
 ScratchFolder::~ScratchFolder() {
+    m_folder.remove();  // while it is held: another call that clears it away at once would be in the way
     if (m_hold >= 0) ::close(m_hold);
 }
 
