@@ -111,6 +111,19 @@ QString DecodeLineBreaks(QStringView text) {
     return decoded.append(text);
 }
 
+QString WithPairedLineBreaks(QString text) {
+    const auto isBreak = [](QChar character) { return character == u'\r' || character == u'\n'; };
+    if (std::none_of(text.cbegin(), text.cend(), isBreak)) return text;
+    QString paired;
+    for (QStringView rest = text; !rest.isEmpty();) {
+        const qsizetype before = rest.size();
+        const QStringView line = TakeLine(rest);
+        paired.append(line);
+        if (before > line.size()) paired.append(u"\r\n");
+    }
+    return paired;
+}
+
 QStringView KeyOf(QStringView line) {
     const qsizetype equals = line.indexOf(u'=');
     return equals < 0 ? QStringView(u"") : line.first(equals);

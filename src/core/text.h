@@ -44,6 +44,9 @@ inline constexpr const char* kCodePage = "windows-1252";
 [[nodiscard]] QString EncodeLineBreaks(QStringView text);
 [[nodiscard]] QString DecodeLineBreaks(QStringView text);
 
+// Each CR LF, lone CR and lone LF as one CR LF, the only line break of a value in memory.
+[[nodiscard]] QString WithPairedLineBreaks(QString text);
+
 // What stands before and behind the first "=" of a line. Without one the name is "" and the value is "".
 [[nodiscard]] QStringView KeyOf(QStringView line);
 [[nodiscard]] QStringView ValueOf(QStringView line);

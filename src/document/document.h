@@ -35,13 +35,16 @@ class frmSheetwright {
     QString Tag;      // full path of the document; a template's path for a new untitled one
     QString Caption;  // bare file name, or "(Untitled)" translated
 
-    std::int16_t PageNum = 1;      // design that the page on screen was built from; 0 when none is built
-    std::int16_t Pages = 0;        // data pages
-    std::int16_t DataPageNum = 1;  // data page on screen
-    bool Changed = false;          // the document differs from its file
-    bool PageChanged = false;      // the page on screen differs from its lines
-    bool DoSaveAsOnly = false;     // can't be saved under its own name
-    QString MyTempDir;             // with trailing separator
+    std::int16_t PageNum = 1;        // design that the page on screen was built from; 0 when none is built
+    std::int16_t Pages = 0;          // data pages
+    std::int16_t DataPageNum = 1;    // data page on screen
+    bool Changed = false;            // the document differs from its file
+    bool PageChanged = false;        // the page on screen differs from its lines
+    bool DoSaveAsOnly = false;       // can't be saved under its own name
+    bool MyReadonly = false;         // the file was opened read-only
+    QString MyTempDir;               // with trailing separator
+    std::int16_t MyOrientation = 0;  // paper of the page on screen
+    std::int16_t MyPaperSize = 0;
     TruthWords words;
 
     std::int16_t MePage = 0;

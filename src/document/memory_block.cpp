@@ -103,13 +103,13 @@ void MemoryBlock::ReplaceDesignLine(int page, int position, QString line) {
 }
 
 void MemoryBlock::ReplaceDataLine(int page, int position, QString line) {
-    Checked(m_dataPages, page).Replace(position, std::move(line));
+    Checked(m_dataPages, page).Replace(position, WithPairedLineBreaks(std::move(line)));
     if (position == 1) NoteHeaderChange(static_cast<std::size_t>(page));
 }
 
 void MemoryBlock::AppendDataLine(int page, QString line) {
     PageLines& lines = Checked(m_dataPages, page);
-    lines.Append(std::move(line));
+    lines.Append(WithPairedLineBreaks(std::move(line)));
     if (lines.Count() == 1) NoteHeaderChange(static_cast<std::size_t>(page));
 }
 

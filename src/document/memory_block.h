@@ -50,7 +50,7 @@ class MemoryBlock {
 
     void ReplaceDesignLine(int page, int position, QString line);
     void ReplaceDataLine(int page, int position, QString line);
-    void AppendDataLine(int page, QString line);  // no decoding: real line breaks
+    void AppendDataLine(int page, QString line);  // line breaks of any kind become CR LF
     void ClearDataPage(int page);                 // these four raise 9 outside the array or the page
 
     // Makes room at `position` (1 to DataPageCount + 1, else raises 9): later pages move up by one and their

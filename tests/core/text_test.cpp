@@ -142,5 +142,12 @@ TEST(KeyOf, LineWithoutAnEqualsSignHasNeitherKeyNorValue) {
     EXPECT_EQ(ValueOf(u"END PAGE"), u"");
 }
 
+TEST(WithPairedLineBreaks, EveryKindBecomesOneCrLf) {
+    EXPECT_EQ(WithPairedLineBreaks(QStringLiteral("a\rb\nc\r\nd\n\ne\r")),
+              QStringLiteral("a\r\nb\r\nc\r\nd\r\n\r\ne\r\n"));
+    EXPECT_EQ(WithPairedLineBreaks(QStringLiteral("plain")), QStringLiteral("plain"));
+    EXPECT_EQ(WithPairedLineBreaks(QString()), QString());
+}
+
 }  // namespace
 }  // namespace sheetwright

@@ -219,5 +219,14 @@ TEST(MemoryBlock, CopiesAreIndependent) {
     EXPECT_THAT(copy.PagesOf(1), ElementsAre(1));
 }
 
+TEST(ReplaceDataLine, LoneLineBreaksOfAValueAreStoredInPairs) {
+    MemoryBlock memory;
+    memory.AppendFormData(1, u"BEGIN PAGE 1 DESIGN=1");
+    memory.AppendDataLine(1, QStringLiteral("Note=a\rb"));
+    EXPECT_EQ(memory.DataPage(1).Line(2), u"Note=a\r\nb");
+    memory.ReplaceDataLine(1, 2, QStringLiteral("Note=a\nb"));
+    EXPECT_EQ(memory.DataPage(1).Line(2), u"Note=a\r\nb");
+}
+
 }  // namespace
 }  // namespace sheetwright
