@@ -1,6 +1,6 @@
-// Every large block of memory comes fresh from the system, in each round and at each size, as it does for a program
-// that opens one form. Without this the smaller sizes would be measured in memory that is still warm, and the
-// growth from one size to the next would be that of the allocator.
+// Every large block of memory comes fresh from the system, in each round and at each size, as it does for a
+// program that opens one form. Without this the smaller sizes would be measured in memory that is still warm,
+// and the growth from one size to the next would be that of the allocator.
 
 #include <benchmark/benchmark.h>
 

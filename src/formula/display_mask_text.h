@@ -8,7 +8,8 @@
 
 namespace sheetwright {
 
-// "@" takes a character or shows a blank, "&" takes one or shows nothing; they are filled from the right, with
+// "@" takes a character or shows a blank, "&" takes one or shows nothing; they are filled from the right,
+// with
 // "!" from the left. "<" and ">" turn the whole to small and capital letters.
 [[nodiscard]] QString FormatText(QStringView text, MaskSection section);
 
