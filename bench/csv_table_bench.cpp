@@ -2,6 +2,7 @@
 // same.
 
 #include "import/csv_table.h"
+#include "peak_memory.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -55,21 +56,6 @@ class TableFile {
     QTemporaryDir m_folder;
     QString m_path;
 };
-
-// Bytes of a line such as "VmHWM:   1234 kB" of the system's account of this process; 0 where there is none.
-double MemoryOf(const QByteArray& name) {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith(name)) return line.sliced(name.size()).chopped(3).trimmed().toDouble() * 1024;
-    return 0;
-}
-
-// Starts the peak afresh, where the system can do that.
-void ResetPeakMemory() {
-    QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    if (clear.open(QIODevice::WriteOnly)) clear.write("5");
-}
 
 template <typename Step>
 void Measure(benchmark::State& state, Content content, Step step) {

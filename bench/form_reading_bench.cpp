@@ -8,6 +8,7 @@
 #include "document/form_archive.h"
 #include "document/form_reader.h"
 #include "document/form_writer.h"
+#include "peak_memory.h"
 
 #include <QDir>
 #include <QFile>
@@ -86,21 +87,6 @@ class PackedForm {
     std::int64_t m_textSize = 0;
     bool m_isPacked = false;
 };
-
-// Bytes of a line such as "VmHWM:   1234 kB" of the system's account of this process; 0 where there is none.
-double MemoryOf(const QByteArray& name) {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith(name)) return line.sliced(name.size()).chopped(3).trimmed().toDouble() * 1024;
-    return 0;
-}
-
-// Starts the peak afresh, where the system can do that.
-void ResetPeakMemory() {
-    QFile clear(QStringLiteral("/proc/self/clear_refs"));
-    if (clear.open(QIODevice::WriteOnly)) clear.write("5");
-}
 
 void OpenForm(benchmark::State& state) {
     PackedForm form(state.range(0));

@@ -7,7 +7,6 @@
 
 #include <QDate>
 
-#include <array>
 #include <cmath>
 
 namespace sheetwright {
@@ -49,14 +48,24 @@ std::optional<QDate> DateOf(const Value& value, const Conventions& conventions) 
     return inCalendar ? std::optional(date) : std::nullopt;
 }
 
+// `dayOfWeek` counts from Monday, 1.
 QString DayName(int dayOfWeek, const Application& application) {
-    const std::array names{
-        application.Translate(QStringLiteral("Monday")),    application.Translate(QStringLiteral("Tuesday")),
-        application.Translate(QStringLiteral("Wednesday")), application.Translate(QStringLiteral("Thursday")),
-        application.Translate(QStringLiteral("Friday")),    application.Translate(QStringLiteral("Saturday")),
-        application.Translate(QStringLiteral("Sunday")),
-    };
-    return names.at(static_cast<std::size_t>(dayOfWeek - 1));
+    switch (dayOfWeek) {
+        case 1:
+            return application.Translate(QStringLiteral("Monday"));
+        case 2:
+            return application.Translate(QStringLiteral("Tuesday"));
+        case 3:
+            return application.Translate(QStringLiteral("Wednesday"));
+        case 4:
+            return application.Translate(QStringLiteral("Thursday"));
+        case 5:
+            return application.Translate(QStringLiteral("Friday"));
+        case 6:
+            return application.Translate(QStringLiteral("Saturday"));
+        default:
+            return application.Translate(QStringLiteral("Sunday"));
+    }
 }
 
 }  // namespace

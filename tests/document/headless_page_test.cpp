@@ -1,6 +1,7 @@
 #include "document/headless_page.h"
 
 #include "document/document.h"
+#include "support/page_text.h"
 #include "support/test_application.h"
 
 #include <QStringList>
@@ -35,13 +36,7 @@ class HeadlessPage : public ApplicationTest {
         m_document.DataPageNum = page;
         LoadPage(m_document);
     }
-    [[nodiscard]] QStringList Lines(int page) const {
-        QStringList lines;
-        const PageLines& text = m_document.memory.DataPage(page);
-        for (int position = 1; position <= text.Count(); ++position)
-            lines << text.Line(position).toString();
-        return lines;
-    }
+    [[nodiscard]] QStringList Lines(int page) const { return TextsOf(m_document.memory.DataPage(page)); }
     // Whether the records are those of no page at all.
     [[nodiscard]] bool HasNoRecords() const {
         return m_document.FieldProperties.empty() && m_document.CheckProperties.empty() &&

@@ -1,18 +1,11 @@
 #include "document/page_layout.h"
 
-#include "document/page_lines.h"
+#include "support/page_text.h"
 
 #include <gtest/gtest.h>
 
 namespace sheetwright {
 namespace {
-
-PageLines PageOf(const QStringList& lines) {
-    PageLines page;
-    for (const QString& line : lines)
-        page.Append(line);
-    return page;
-}
 
 PageLines DataPage(int number, const QString& value) {
     return PageOf({QStringLiteral("BEGIN PAGE %1 DESIGN=1").arg(number), QStringLiteral("A=") + value,

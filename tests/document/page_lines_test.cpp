@@ -1,26 +1,13 @@
 #include "document/page_lines.h"
 
 #include "core/failure.h"
+#include "support/page_text.h"
 #include "support/test_application.h"
 
 #include <gtest/gtest.h>
 
 namespace sheetwright {
 namespace {
-
-PageLines PageOf(const QStringList& lines) {
-    PageLines page;
-    for (const QString& line : lines)
-        page.Append(line);
-    return page;
-}
-
-QStringList TextsOf(const PageLines& page) {
-    QStringList texts;
-    for (int position = 1; position <= page.Count(); ++position)
-        texts << page.Line(position).toString();
-    return texts;
-}
 
 // Lookups are answered by reading the page first and by its index later; a rule holds for both.
 void ExpectFound(const PageLines& page, QStringView name, const std::vector<int>& positions) {

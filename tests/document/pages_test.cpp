@@ -2,6 +2,7 @@
 
 #include "document/document.h"
 #include "document/headless_page.h"
+#include "support/page_text.h"
 #include "support/test_application.h"
 
 #include <QStringList>
@@ -37,13 +38,7 @@ class AddingPages : public ApplicationTest {
         m_document.memory.AppendFormData(number, QStringLiteral("f%1=%2").arg(design).arg(number));
         m_document.memory.AppendFormData(number, u"END PAGE");
     }
-    [[nodiscard]] QStringList Lines(int page) const {
-        QStringList lines;
-        const PageLines& text = m_document.memory.DataPage(page);
-        for (int position = 1; position <= text.Count(); ++position)
-            lines << text.Line(position).toString();
-        return lines;
-    }
+    [[nodiscard]] QStringList Lines(int page) const { return TextsOf(m_document.memory.DataPage(page)); }
     [[nodiscard]] QString Headers() const {
         QStringList headers;
         for (int page = 1; page <= m_document.memory.DataPageCount(); ++page)

@@ -15,20 +15,6 @@ namespace {
 
 using namespace sheetwright;
 
-class SilentUserInterface : public UserInterface {
-  public:
-    MessageAnswer ShowMessage(const QString&, const QString&, MessageIcon, MessageButtons) override {
-        return MessageAnswer::Ok;
-    }
-    void SetPointer(Pointer) override {}
-    void SetStatus(const QString&) override {}
-    void ShowProgress() override {}
-    void SetProgress(int) override {}
-    void HideProgress() override {}
-    void PumpMessages() override {}
-    void Beep() override {}
-};
-
 struct Surroundings {
     QTemporaryDir folder;
     SilentUserInterface ui;
