@@ -2,9 +2,10 @@
 
 PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config
-    qt6-base-dev libzip-dev zip unzip
+    qt6-base-dev libzip-dev libwmf-dev zip unzip
     libgtest-dev libgmock-dev libbenchmark-dev
-    fonts-liberation
+    fonts-liberation fonts-dejavu-core
+    poppler-utils cups cups-client
 )
 
 # Installs what is missing from Debian's packages, with sudo when not root.

@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "core/user_interface.h"
 #include "import/csv_table.h"
+#include "print/print_state.h"
 #include "translate/dictionary.h"
 
 #include <QString>
@@ -47,6 +48,7 @@ class Application {
     Dictionary dictionary;
     CsvTable PaperTable;
     KeyedCollection<QString> FormVars;  // values of `VAR`, by upper-cased name, shared by all open documents
+    PrintState printing;
     UserInterface& ui;
 
     // "Dunmorrow" in viewer mode, else "SHEETWRIGHT": the key under which the tip dialog keeps its place.

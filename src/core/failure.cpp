@@ -35,7 +35,11 @@ constexpr std::array kFailureNames{
     FailureName{failure::kObjectNotSet, "Object variable not set"},
     FailureName{failure::kInvalidFormat, "Invalid file format"},
     FailureName{failure::kInvalidProperty, "Invalid property value"},
+    FailureName{failure::kNoSuchProperty, "Object doesn't support this property or method"},
     FailureName{failure::kKeyExists, "This key is already associated with an element of this collection"},
+    FailureName{failure::kInvalidPicture, "Invalid picture"},
+    FailureName{failure::kPrinterError, "Printer error"},
+    FailureName{failure::kCancelled, "Cancel was selected"},
 };
 
 // Rounds halves to even whatever rounding mode the process is in, so that no library can change a verdict.

@@ -36,7 +36,11 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidFormat = 321;
 inline constexpr int kInvalidProperty = 380;
+inline constexpr int kNoSuchProperty = 438;
 inline constexpr int kKeyExists = 457;
+inline constexpr int kInvalidPicture = 481;
+inline constexpr int kPrinterError = 482;
+inline constexpr int kCancelled = 32755;
 }  // namespace failure
 
 // Text of a failure number, such as "Type mismatch" for 13; "Application-defined error" for any number that

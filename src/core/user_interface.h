@@ -5,12 +5,23 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace sheetwright {
 
 enum class MessageIcon { None, Information, Exclamation, Critical, Question };
 enum class MessageButtons { Ok, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Yes, No, Cancel };
 enum class Pointer { Normal, Hourglass };
+
+// What the printer dialog shows at first, and what the person chose in it. Pages count from 1.
+struct PrinterDialog {
+    std::int16_t minimumPage = 1;
+    std::int16_t maximumPage = 1;
+    std::int16_t fromPage = 1;
+    std::int16_t toPage = 1;
+    std::int32_t flags = 0;  // 4 no selection, 256 return a device context, 1048576 hide print to file
+};
 
 class UserInterface {
   public:
@@ -22,6 +33,9 @@ class UserInterface {
     // Texts and titles arrive translated.
     virtual MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
                                       MessageButtons buttons = MessageButtons::Ok) = 0;
+    // Lets the person choose printer and pages; the choice becomes the system's default printer. Raises 32755
+    // when it is cancelled.
+    virtual void ShowPrinter(PrinterDialog& dialog) = 0;
     virtual void SetPointer(Pointer pointer) = 0;
     virtual void SetStatus(const QString& text) = 0;
 
@@ -31,6 +45,9 @@ class UserInterface {
 
     virtual void PumpMessages() = 0;
     virtual void Beep() = 0;
+
+    // A line for the program that drives this one, such as "EVENT: PRINT"; without one nobody hears it.
+    virtual void TellHost(const QString& line) = 0;
 };
 
 // An interface on which nothing is seen and every question is answered by its first button.
@@ -38,6 +55,7 @@ class SilentUserInterface : public UserInterface {
   public:
     MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
                               MessageButtons buttons) override;
+    void ShowPrinter(PrinterDialog&) override {}  // all pages
     void SetPointer(Pointer) override {}
     void SetStatus(const QString&) override {}
     void ShowProgress() override {}
@@ -45,6 +63,7 @@ class SilentUserInterface : public UserInterface {
     void HideProgress() override {}
     void PumpMessages() override {}
     void Beep() override {}
+    void TellHost(const QString&) override {}
 };
 
 // The progress bar of one operation: shown on construction, hidden on `Hide`. `Update` reaches the bar only

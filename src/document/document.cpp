@@ -4,12 +4,19 @@
 #include "core/folders.h"
 #include "document/form_archive.h"
 #include "document/form_reader.h"
+#include "print/fonts.h"
+#include "print/form_surfaces.h"
+#include "print/stationery.h"
 
 #include <utility>
 
 namespace sheetwright {
 
-frmSheetwright::frmSheetwright(Application& owner) : application(owner) {
+frmSheetwright::frmSheetwright(Application& owner)
+    : application(owner), surfaces(std::make_unique<FormSurfaces>(FontsOf(owner))) {
+    // A form that was printed on stationery before must not shift this one.
+    application.printing.PrintXAdjust = 0;
+    application.printing.PrintYAdjust = 0;
     SweepTempDirectories(application);
     words = application.TranslatedTruthWords();
 }

@@ -6,6 +6,7 @@
 
 #include "core/conventions.h"
 #include "core/keyed_collection.h"
+#include "document/design_records.h"
 #include "document/memory_block.h"
 #include "formula/value.h"
 #include "import/csv_table.h"
@@ -14,11 +15,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace sheetwright {
 
 class Application;
+class PrePrinted;
+struct FormSurfaces;
 
 class frmSheetwright {
   public:
@@ -60,6 +64,14 @@ class frmSheetwright {
     std::vector<KeyedCollection<QString>> FieldProperties;
     std::vector<KeyedCollection<QString>> CheckProperties;
     std::vector<KeyedCollection<QString>> BitmapProperties;
+
+    // The hidden surfaces on which the form is measured and drawn.
+    std::unique_ptr<FormSurfaces> surfaces;
+    std::unique_ptr<PrePrinted> stationery;  // made on first use
+    // Fields and check boxes of the design printed last, by name, and the same in record order.
+    KeyedCollection<std::shared_ptr<PropertyBag>> PrintElements;
+    std::vector<std::shared_ptr<PropertyBag>> PrintFields;
+    std::vector<std::shared_ptr<PropertyBag>> PrintChecks;
 
     // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so
     // that a pass over all pages runs with no page on screen.

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -33,13 +34,21 @@ class RecordingUserInterface : public UserInterface {
   public:
     MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
                               MessageButtons buttons) override;
-    void SetPointer(Pointer newPointer) override { pointer = newPointer; }
+    void ShowPrinter(PrinterDialog& dialog) override {
+        printerDialogs.push_back(dialog);
+        if (onPrinterDialog) onPrinterDialog(dialog);
+    }
+    void SetPointer(Pointer newPointer) override {
+        pointer = newPointer;
+        pointers.push_back(newPointer);
+    }
     void SetStatus(const QString& text) override { statuses << text; }
     void ShowProgress() override { progressShown = true; }
     void SetProgress(int percent) override { progress.push_back(percent); }
     void HideProgress() override { progressShown = false; }
     void PumpMessages() override { ++pumps; }
     void Beep() override { ++beeps; }
+    void TellHost(const QString& line) override { hostLines << line; }
 
     [[nodiscard]] QStringList MessageTexts() const;
 
@@ -50,7 +59,11 @@ class RecordingUserInterface : public UserInterface {
     Pointer pointer = Pointer::Normal;
     int pumps = 0;
     int beeps = 0;
-    std::vector<MessageAnswer> answers;  // given in order; then Ok or Yes
+    std::vector<Pointer> pointers;
+    QStringList hostLines;
+    std::vector<PrinterDialog> printerDialogs;            // as they were shown
+    std::function<void(PrinterDialog&)> onPrinterDialog;  // what the person does with one
+    std::vector<MessageAnswer> answers;                   // given in order; then Ok or Yes
 };
 
 // A folder of its own for each test, with an application whose install folder it is.

@@ -1,0 +1,40 @@
+#pragma once
+
+// How each element of a design and each value of a page looks: the elements of a design at once, fields and
+// check boxes when their value comes.
+
+#include "core/keyed_collection.h"
+#include "document/design_records.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+
+namespace sheetwright {
+
+class Application;
+class Device;
+struct FormSurfaces;
+
+// What drawing needs of a form.
+struct FormDrawing {
+    Application& application;
+    FormSurfaces& surfaces;
+    KeyedCollection<std::shared_ptr<PropertyBag>>& PrintElements;  // fields and check boxes by name
+    const QString& MyTempDir;                                      // where the form's pictures lie
+    const QString& FormFolder;  // where the form itself lies, with trailing separator: pictures named without
+                                // a folder are looked for there, too
+};
+
+// Draws one element of `kind` (four letters); fields and check boxes are added to `PrintElements` instead,
+// with the key "Key". An element whose "Printable" is false is left out. Whatever fails is logged and the
+// next step goes on: one bad property costs at most one step.
+void PrintControl(FormDrawing& form, Device& device, QStringView kind,
+                  const std::shared_ptr<PropertyBag>& bag);
+
+// Draw the value of a field or check box. Raise what a missing or bad property raises: 5, 6, 13, 380, 481.
+void DrawField(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
+void DrawCheckBox(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
+
+}  // namespace sheetwright

@@ -1,0 +1,28 @@
+#pragma once
+
+// The size of a page. With a printer installed it is the printer's sheet; without one it comes from
+// "papersizes.csv", a table of PAPERSIZE, ORIENTATION, WIDTH and HEIGHT in twips.
+
+#include <cstdint>
+#include <optional>
+
+namespace sheetwright {
+
+class Application;
+
+// For the current orientation and paper of the process. Without a printer and with a combination that the
+// table lacks, the size of whatever record is current comes back. Raise 5 for a table without these columns
+// and 6 for a size past 32 bits.
+[[nodiscard]] std::int32_t PageWidthTwips(Application& application);
+[[nodiscard]] std::int32_t PageHeightTwips(Application& application);
+
+struct PaperExtent {
+    std::int32_t width;  // twips
+    std::int32_t height;
+};
+// The size of a paper in the table; none for a combination that it lacks and for sizes that are not above 0.
+// Moves the table to that record.
+[[nodiscard]] std::optional<PaperExtent> FindPaper(Application& application, std::int16_t paper,
+                                                   std::int16_t orientation);
+
+}  // namespace sheetwright
