@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Sets everything up, builds Sheetwright and fills in a sample form.
+# Sets everything up, builds Sheetwright, fills in a sample form and prints it to a PDF file.
 #
 #   ./run.sh          the sample "Appliance Test Record"
 #   ./run.sh FORM     a form or template of your own
@@ -20,10 +20,11 @@ echo
 echo "== What is in $form"
 ./sheetwright-cli info "$form"
 echo
-echo "== Every formula run, and saved as a new form"
-./sheetwright-cli fill "$form" --save "$results/$name.aff"
+echo "== Every formula run, saved as a new form and printed"
+./sheetwright-cli fill "$form" --save "$results/$name.aff" --pdf "$results/$name.pdf"
 ./sheetwright-cli values "$results/$name.aff" > "$results/$name.tsv"
 echo
 echo "The results:"
 echo "  $results/$name.aff  the saved form, an archive that any unzip tool reads"
+echo "  $results/$name.pdf  its pages, as a printer would print them"
 echo "  $results/$name.tsv  its values, $(($(wc -l < "$results/$name.tsv") - 1)) of them"

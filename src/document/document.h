@@ -77,6 +77,8 @@ class frmSheetwright {
     // that a pass over all pages runs with no page on screen.
     std::function<void()> SavePageHook;
     std::function<void()> LoadPageHook;
+    // Sizes the surfaces of a form that isn't visible yet. A window sets its own.
+    std::function<void()> LayoutHook;
 };
 
 void SavePage(frmSheetwright& document);

@@ -1,25 +1,14 @@
 #include "document/headless_page.h"
 
 #include "core/failure.h"
-#include "core/text.h"
+#include "document/design_walk.h"
 #include "document/document.h"
-#include "document/record_rules.h"
-
-#include <algorithm>
 
 namespace sheetwright {
 
 namespace {
 
-using Record = KeyedCollection<QString>;
-
-// Record kinds are told by four letters.
-constexpr qsizetype kKindLength = 4;
-
-QStringView KindOfEndLine(QStringView line) {
-    constexpr qsizetype kWordStart = 4;  // behind "END "
-    return line.sliced(std::min(line.size(), kWordStart)).left(kKindLength);
-}
+using Record = PropertyBag;
 
 void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
     if (kind == u"CHEC") {
@@ -44,15 +33,14 @@ void BuildRecords(frmSheetwright& document) {
     const PageLines& design = document.memory.DesignPage(document.PageNum);
     Record record;
     for (int position = 1; position <= design.Count(); ++position) {
-        const QStringView line = design.Line(position);
-        if (line.startsWith(u"BEGIN")) {
+        const DesignLine line = CutDesignLine(design.Line(position));
+        if (line.type == DesignLine::Type::Begin) {
             record.Clear();
-        } else if (line.startsWith(u"END")) {
-            AddRecord(document, KindOfEndLine(line), std::move(record));
+        } else if (line.type == DesignLine::Type::End) {
+            AddRecord(document, line.kind, std::move(record));
             record = Record();
-        } else if (line.contains(u'=')) {
-            const QString key = KeyOf(line).toString();
-            if (!record.Contains(key)) record.Add(ValueOf(line).toString(), key);
+        } else if (line.type == DesignLine::Type::Key && !record.Contains(line.key)) {
+            record.Add(line.value.toString(), line.key.toString());
         }
     }
 }

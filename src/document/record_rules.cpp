@@ -2,6 +2,7 @@
 
 #include "core/keyed_collection.h"
 #include "core/quoted.h"
+#include "document/design_records.h"
 #include "document/form_outline.h"
 
 #include <QLocale>
@@ -199,10 +200,6 @@ std::optional<double> FormNumber(QStringView text) {
     bool isNumber = false;
     const double number = QLocale::c().toDouble(plain, &isNumber);
     return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
-}
-
-bool IsTextFieldType(QStringView fieldType) {
-    return fieldType == u"0" || fieldType == u"2";
 }
 
 void CheckKeys(QStringView kind, const std::vector<KeyLine>& keys, const TruthWords& words,

@@ -25,7 +25,4 @@ void CheckKeys(QStringView kind, const std::vector<KeyLine>& keys, const TruthWo
 // number.
 [[nodiscard]] std::optional<double> FormNumber(QStringView text);
 
-// Whether a FIEL record is shown as a text box; any other is a picture field.
-[[nodiscard]] bool IsTextFieldType(QStringView fieldType);
-
 }  // namespace sheetwright

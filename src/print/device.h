@@ -83,7 +83,7 @@ class Device : public Measurer {
     double CurrentY = 0;
     bool FontTransparent = true;  // kept only: texts never have a background
 
-    // In pixels of the surface, a fraction rounded. Raises 380 unless 1 to 32,767.
+    // In pixels of the surface, a fraction rounded. Raises 380 below 1 and 6 past 16 bits.
     [[nodiscard]] std::int16_t DrawWidth() const { return m_drawWidth; }
     void SetDrawWidth(double pixels);
     // Raises 380 unless 0 to 6.

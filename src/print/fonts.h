@@ -3,7 +3,8 @@
 // The fonts of this machine as forms see them. Where a form's family is not installed, one with the same
 // metrics stands in (Arial by Liberation Sans); where no Wingdings is, its signs are drawn by their Unicode
 // namesakes. Widths are those of the unhinted outlines and grow in proportion to the size, so that a text has
-// the same width on every surface. Needs a QGuiApplication on first use, not on construction.
+// the same width on every surface. Needs a QGuiApplication on first use, not on construction. To be
+// used by one thread.
 
 #include "print/text_metrics.h"
 
@@ -14,6 +15,7 @@
 namespace sheetwright {
 
 class Application;
+class FontFace;
 
 class Fonts : public TextMetrics {
   public:
@@ -29,12 +31,16 @@ class Fonts : public TextMetrics {
     [[nodiscard]] double Ascent(const FontSpec& font) const;
 
     // The font with which to draw on a surface where `pixelsPerTwip` and `dotsPerInch` (what its paint device
-    // says of itself) hold. Underline and strikethru are set.
+    // says of itself) hold. Underline and strikethru are set. Qt rounds it to whole pixels, so that at screen
+    // resolution its widths are only near those above. Valid until the next call.
     [[nodiscard]] const QFont& Drawn(const FontSpec& font, double pixelsPerTwip, double dotsPerInch) const;
 
     // What to draw for `text` in that font: signs of a symbol font that isn't installed become their Unicode
     // namesakes, control characters blanks.
     [[nodiscard]] QString DrawnText(const FontSpec& font, const QString& text) const;
+
+    // The face behind a font, for those who draw with it.
+    [[nodiscard]] const FontFace& FaceOf(const FontSpec& font) const;
 
   private:
     struct Cache;

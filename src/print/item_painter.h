@@ -6,6 +6,8 @@
 
 #include "print/recording.h"
 
+#include <memory>
+
 class QPainter;
 
 namespace sheetwright {
@@ -17,12 +19,14 @@ class ItemPainter {
     enum class Surface { Pixels, Vector };
 
     // `pixelsPerTwip`: how many units of the painter's own coordinates a twip has. The painter must not be
-    // scaled itself; it may be translated. Painter, fonts and device live longer than this object.
+    // scaled itself; it may be translated, but nobody else sets its pen, brush or font meanwhile. Painter,
+    // fonts and device live longer than this object.
     ItemPainter(QPainter& painter, const Fonts& fonts, double pixelsPerTwip, Surface surface);
     ItemPainter(const ItemPainter&) = delete;
     ItemPainter& operator=(const ItemPainter&) = delete;
     ~ItemPainter();
 
+    // Numbers that are not finite draw nothing. Pictures within pictures are drawn four deep.
     void Paint(const DrawnItem& item);
     void Paint(const Recording& recording);
 

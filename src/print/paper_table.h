@@ -10,9 +10,9 @@ namespace sheetwright {
 
 class Application;
 
-// For the current orientation and paper of the process. Without a printer and with a combination that the
-// table lacks, the size of whatever record is current comes back. Raise 5 for a table without these columns
-// and 6 for a size past 32 bits.
+// In twips, for the current orientation and paper of the process. Without a printer and with a combination
+// that the table lacks, the size of whatever record is current comes back; a size that is no number is 0.
+// Raise 5 for a table without these columns and 6 for a size past 32 bits.
 [[nodiscard]] std::int32_t PageWidthTwips(Application& application);
 [[nodiscard]] std::int32_t PageHeightTwips(Application& application);
 
@@ -20,7 +20,8 @@ struct PaperExtent {
     std::int32_t width;  // twips
     std::int32_t height;
 };
-// The size of a paper in the table; none for a combination that it lacks and for sizes that are not above 0.
+// The size of a paper in the table; none for a combination that it lacks, for sizes that are not above 0 or
+// past 32 bits, and in a table without the columns.
 // Moves the table to that record.
 [[nodiscard]] std::optional<PaperExtent> FindPaper(Application& application, std::int16_t paper,
                                                    std::int16_t orientation);

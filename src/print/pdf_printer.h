@@ -2,7 +2,7 @@
 
 // A printer that gathers the documents of a job as pages of one PDF file, each with its own paper and
 // orientation. It appears as a printer of 288 dots per inch without unprintable margin. Fonts are embedded
-// and texts can be selected and searched.
+// and texts can be selected and searched. Pages go to the disk as they end: memory doesn't grow with them.
 
 #include "print/device.h"
 
@@ -16,13 +16,18 @@ class Application;
 
 class PdfPrinter : public Printer {
   public:
-    // Writes beside `path` until `Finish`. Raises 75, 70, 76, 61 or 57 when it can't.
+    // Writes beside `path` until `Finish`. `title` is what a reader shows. The first paper is A4, upright.
+    // Raises 75 (also for an old file that is read-only), 70, 76, 61 or 57 when it can't.
     PdfPrinter(Application& application, const QString& path, const QString& title);
     // Without `Finish` no file is left and an old one of that name stays as it was.
     ~PdfPrinter() override;
 
-    // Ends the open document and puts the whole file in place, flushed to the disk. Returns the number of
-    // pages; with none no file is written. Raises 61 or 57 when any byte could not be written.
+    // Ends the open document and writes the rest of the file, which still stands beside its place, flushed to
+    // the disk. Returns the number of pages. Raises 61 or 57 when any byte of the file, however long ago,
+    // could not be written. What is drawn afterwards raises 482.
+    int Complete();
+    // Completes the file and puts it in place. Returns the number of pages; with none no file is written.
+    // Raises what `Complete` raises, and 75 or 70 when the old file can't be replaced.
     int Finish();
     [[nodiscard]] int PageCount() const;
 
@@ -34,6 +39,7 @@ class PdfPrinter : public Printer {
     [[nodiscard]] std::int16_t Orientation() const override;
     void SetOrientation(std::int16_t orientation) override;
     [[nodiscard]] std::int16_t PaperSize() const override;
+    // Knows the papers of the paper table.
     void SetPaperSize(std::int16_t code) override;
     [[nodiscard]] QString DriverName() const override;
 

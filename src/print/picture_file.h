@@ -5,6 +5,7 @@
 
 #include "print/picture.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
@@ -13,19 +14,29 @@
 namespace sheetwright {
 
 // Raises 53 (no such file), 76, 75 or 57 as reading does, 481 (Invalid picture) for a file that is no
-// picture, is cut short so that nothing of it can be shown, or declares more than kMostPicturePixels, and 7
-// when memory runs out. `stored` may use "\" or "/".
+// picture, is cut short so that nothing of it can be shown, is larger than kLargestPictureFile or declares
+// more than kMostPicturePixels, and 7 when memory runs out. `stored` may use "\" or "/". Metafiles take the
+// program beside this one that draws them.
 [[nodiscard]] Picture LoadPicture(const QString& stored);
 
+// The picture that a file's bytes hold, other than a metafile. Raises 481 and 7 as `LoadPicture`.
+[[nodiscard]] Picture PictureOf(const QByteArray& bytes);
+
 inline constexpr qint64 kMostPicturePixels = 100'000'000;
+inline constexpr qint64 kLargestPictureFile = 512LL << 20;
 
 // Pictures that were loaded before and whose files have not changed since: a logo stands on every page. Holds
-// a limited amount of pixels.
+// at most `kMostCachedBytes` of pixels, or one picture that is larger.
 class PictureCache {
   public:
-    // Raises as LoadPicture.
+    explicit PictureCache(qint64 mostBytes = kMostCachedBytes) : m_mostBytes(mostBytes) {}
+
+    // What comes back is good until the next call. Raises as LoadPicture.
     [[nodiscard]] const Picture& Load(const QString& stored);
     void Clear();
+    [[nodiscard]] qsizetype Count() const { return static_cast<qsizetype>(m_entries.size()); }
+
+    static constexpr qint64 kMostCachedBytes = 256LL << 20;
 
   private:
     struct Entry {
@@ -34,9 +45,10 @@ class PictureCache {
         qint64 size = 0;
         quint64 lastUse = 0;
     };
-    void MakeRoom();
+    void MakeRoom(qint64 bytes);
 
-    std::map<QString, Entry> m_entries;
+    qint64 m_mostBytes;
+    std::map<QString, Entry> m_entries;  // by path on the disk
     quint64 m_uses = 0;
 };
 

@@ -7,6 +7,8 @@
 
 #include <QImage>
 
+#include <memory>
+
 class QPainter;
 
 namespace sheetwright {
@@ -31,9 +33,10 @@ class PictureSurface : public Device {
     bool Visible = true;
     Colour BackColor = 0xFFFFFF;  // shown by `Render` only
 
-    void Cls() { m_recording.Clear(); }
-    [[nodiscard]] const Recording& Recorded() const { return m_recording; }
-    // What is drawn so far as a picture of the surface's size, without its background.
+    void Cls() { m_recording = std::make_shared<Recording>(); }
+    [[nodiscard]] const Recording& Recorded() const { return *m_recording; }
+    // What is drawn so far as a picture of the surface's size, without its background; empty while nothing is
+    // drawn. Shares the drawing until more is drawn here.
     [[nodiscard]] Picture Image() const;
 
     // The page as pixels on `BackColor`, marked with its resolution. Raises 6 for a resolution that is no
@@ -45,13 +48,13 @@ class PictureSurface : public Device {
     static constexpr double kMostPixels = 250e6;
 
   protected:
-    void Draw(DrawnItem item) override { m_recording.Add(std::move(item)); }
+    void Draw(DrawnItem item) override;
 
   private:
     const Fonts& m_fonts;
     double m_width;
     double m_height;
-    Recording m_recording;
+    std::shared_ptr<Recording> m_recording = std::make_shared<Recording>();
 };
 
 }  // namespace sheetwright

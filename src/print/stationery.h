@@ -3,7 +3,7 @@
 // A page may be designed over a scan of the paper form on which it will be printed. The scan shows behind the
 // fields on screen and is not printed, since the paper already carries it.
 
-#include "print/picture.h"
+#include "print/picture_file.h"
 
 #include <QString>
 #include <QStringView>
@@ -28,9 +28,10 @@ struct ScaleForm {
 // known outside.
 class PrePrinted {
   public:
-    // `activeForm` tells the form that has the focus, none for none; it becomes the scale form whenever the
-    // background is set.
-    PrePrinted(const PrintState& state, std::function<const ScaleForm*()> activeForm);
+    // `activeForm` tells the form that has the focus; it becomes the scale form whenever the background is
+    // set. With none the scale form stays. `load` is where images come from.
+    PrePrinted(const PrintState& state, std::function<const ScaleForm*()> activeForm,
+               std::function<Picture(const QString&)> load = LoadPicture);
 
     void setScaleForm(const ScaleForm& form);
     // Of the image, in units of the scale form. Raise 91 while there is no image or no scale form.
@@ -40,7 +41,7 @@ class PrePrinted {
     void setImageWidth(double width) { m_imageWidth = width; }
     std::int16_t imageDPI = 0;
     // Loads the image; one that can't be read leaves `Background` as it was, without a message. Finds out
-    // `imageDPI` when that is 0.
+    // `imageDPI` when that is 0: afterwards it never is.
     void setBackground(const QString& path);
     float printerYAdjust = 0;
     float printerXAdjust = 0;
@@ -50,10 +51,12 @@ class PrePrinted {
     void setBackground(const Picture& picture);
 
   private:
+    void RequireImage() const;
     void DetectResolution();
 
     const PrintState& m_state;
     std::function<const ScaleForm*()> m_activeForm;
+    std::function<Picture(const QString&)> m_load;
     const ScaleForm* m_scaleForm = nullptr;
     Picture m_background;
     double m_imageHeight = 0;

@@ -4,6 +4,7 @@
 // on paper where it breaks them on screen.
 
 #include "print/recording.h"
+#include "print/text_wrapping.h"
 
 #include <QString>
 
@@ -30,11 +31,6 @@ struct TextBox {
 // height.
 void DrawTextBox(Application& application, Device& device, Measurer& measurer, const QString& text,
                  const FontSpec& font, Colour colour, TextBox box);
-
-// `text` with a CR LF wherever it must break to fit `width`: at blanks, inside a word with a hyphen. Widths
-// are measured on `measurer`, in time in proportion to the text. A box too narrow for one character loses the
-// lines before it.
-[[nodiscard]] QString WrappedText(const Measurer& measurer, const QString& text, double width);
 
 // Prints the wrapped text from the device's text position down, as many lines as `height` holds, one at
 // least.

@@ -41,13 +41,13 @@ TEST_F(CliUsage, AnUnknownVerbIsWrong) {
 TEST_F(CliUsage, HelpListsAllVerbs) {
     const CliResult result = Run({S("--help")});
     EXPECT_EQ(result.status, 0);
-    for (const char* verb : {"  info FORM\n", "  values FORM", "  fill FORM", "  eval FORM", "  check FORM"})
+    for (const char* verb : {"  info FORM\n", "  values FORM", "  fill FORM", "  render FORM", "  eval FORM", "  check FORM"})
         EXPECT_THAT(result.out, HasSubstr(verb));
     EXPECT_EQ(result.err, "");
 }
 
 TEST_F(CliUsage, EachVerbHasHelp) {
-    for (const char* verb : {"info", "values", "fill", "eval", "check"}) {
+    for (const char* verb : {"info", "values", "fill", "render", "eval", "check"}) {
         const CliResult result = Run({S(verb), S("--help")});
         EXPECT_EQ(result.status, 0) << verb;
         EXPECT_THAT(result.out, StartsWith(std::string("usage: sheetwright-cli ") + verb + " FORM"));

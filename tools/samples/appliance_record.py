@@ -3,7 +3,7 @@
 from samples import formulas as f
 from samples.appliance_data import ROWS
 from samples.design import CENTRE, DATE_FIELD, MUTED, PICTURE_FIELD, RIGHT, Page
-from samples.house_style import MARGIN, NAVY_STYLE, TOP, heading_row, row_cells
+from samples.house_style import MARGIN, NAVY_STYLE, TOP, heading_row, on_the_line, row_cells
 from samples.summary_table import summary_table
 
 NAME = "appliance_test_record"
@@ -104,7 +104,7 @@ def _reading_guide(page):
 
 def _declaration(page):
     NAVY_STYLE.section(page, 11010, "Declaration")
-    page.frame(MARGIN, 11370, 10200, 540)
+    page.outline(MARGIN, 11370, 10200, 540)
     page.label(MARGIN + 60, 11385, 10080, 495, "The equipment listed in this record has been inspected and tested with the "
                "instrument and against the limits named above. The results describe its condition on the day of testing.")
     page.cell(MARGIN, 12000, 3405, "Name", "Declared By")
@@ -159,7 +159,7 @@ def _line(page, line):
     own = {name: f.ref(RESULTS, f"{name} {line}") for name, _ in COLUMNS}
     bound = {"MultiRecordIndex": line - 1}
     x, y, width, height = cells["No."]
-    page.label(x - 15, y, width + 15, height, str(line), size=8, color=MUTED, align=CENTRE)
+    page.label(x - 15, y + 15, width + 15, height - 15, str(line), size=8, color=MUTED, align=CENTRE)
     page.field(f"Asset {line}", *cells["Asset"], DataSource=_source("Asset"), KeyLevel=2, NewLineOnReoccur=True, **bound)
     page.field(f"Description {line}", *cells["Description"], List=f"@LISTS\\{LIST},Description",
                DataSource=_source("Description"), **bound)
@@ -169,7 +169,7 @@ def _line(page, line):
     page.check(f"Visual {line}", x + 105, y, 300, height, DataSource=_source("Visual"), **bound)
     for name in ("Earth", "Insulation", "Leakage"):
         page.field(f"{name} {line}", *cells[name], align=RIGHT, DataSource=_source(name), **bound)
-        page.field(f"{name} Result {line}", *cells[f"{name} Result"], size=8, align=CENTRE,
+        page.field(f"{name} Result {line}", *on_the_line(cells[f"{name} Result"]), size=8, align=CENTRE,
                    formula=f.set_me(_reading_result(name, own)))
     page.field(f"Retest {line}", *cells["Retest"], align=CENTRE, formula=f.set_me(_retest(own)))
     page.field(f"Verdict {line}", *cells["Verdict"], bold=True, align=CENTRE, formula=f.set_me(
@@ -199,7 +199,7 @@ def _extremes(page, y):
     cells = dict(zip((name for name, _ in COLUMNS), row_cells(y, WIDTHS, ROW)))
     page.fill(MARGIN + 15, y + 15, 10185, ROW - 15, NAVY_STYLE.light)
     page.rule(MARGIN, y + ROW, 10215)
-    page.label(MARGIN + 60, y + 30, 4740, 330, "Worst readings of this page", size=8,
+    page.label(MARGIN + 60, y + 60, 4740, 300, "Worst readings of this page", size=8,
                bold=True, color=NAVY_STYLE.dark)
     for name, function in (("Earth", "MAXIMUM"), ("Insulation", "MINIMUM"), ("Leakage", "MAXIMUM")):
         x, top, width, height = cells[name]

@@ -3,7 +3,7 @@
 from samples import formulas as f
 from samples.calibration_data import READINGS
 from samples.design import CENTRE, DATE_FIELD, MUTED, PICTURE_FIELD, RIGHT, UNDERLINE_BORDER, Page
-from samples.house_style import MARGIN, MAROON_STYLE, TOP, heading_row, row_cells
+from samples.house_style import MARGIN, MAROON_STYLE, TOP, heading_row, on_the_line, row_cells
 from samples.pictures import CERTIFICATE_PAPER_DPI
 from samples.summary_table import summary_table
 
@@ -166,13 +166,13 @@ def _line(page, line):
     cells = dict(zip((name for name, _, _ in COLUMNS), row_cells(FIRST_ROW + (line - 1) * ROW, WIDTHS, ROW)))
     own = {name: f.ref(READING_PAGE, f"{name} {line}") for name, _, _ in COLUMNS}
     bound = {"MultiRecordIndex": line - 1}
-    page.label(*cells["No."], str(line), size=8, color=MUTED, align=CENTRE)
-    page.field(f"Applied {line}", *cells["Applied"], align=RIGHT, DataSource=_source("Applied"), KeyLevel=2,
+    page.label(*on_the_line(cells["No."]), str(line), size=8, color=MUTED, align=CENTRE)
+    page.field(f"Applied {line}", *cells["Applied"], align=RIGHT, inset=240, DataSource=_source("Applied"), KeyLevel=2,
                NewLineOnReoccur=True, **bound)
-    page.field(f"Reading {line}", *cells["Reading"], align=RIGHT, DataSource=_source("Reading"), **bound)
+    page.field(f"Reading {line}", *cells["Reading"], align=RIGHT, inset=240, DataSource=_source("Reading"), **bound)
     for name, formula in (("Error", _error(own)), ("Error Percent", _error_percent(own)), ("Tolerance", _tolerance(own)),
                           ("Used", _used(own))):
-        page.field(f"{name} {line}", *cells[name], align=RIGHT, formula=formula)
+        page.field(f"{name} {line}", *cells[name], align=RIGHT, inset=240, formula=formula)
     page.field(f"Verdict {line}", *cells["Verdict"], bold=True, align=CENTRE, formula=f.set_me(_verdict(own)))
 
 
@@ -246,7 +246,7 @@ def _worst(page, y):
     for number, (caption, name, formula, range_name, range_formula) in enumerate(rows):
         top = y + 375 + number * 345
         page.label(MARGIN + 60, top, 4000 // 15 * 15, 285, caption, color=MUTED)
-        page.field(name, 5055, top, 1200, 285, bold=True, align=RIGHT, border=UNDERLINE_BORDER, formula=formula)
+        page.field(name, 5055, top, 1200, 285, bold=True, align=RIGHT, inset=0, border=UNDERLINE_BORDER, formula=formula)
         if range_name:
             page.field(range_name, 6405, top, 4650, 285, border=UNDERLINE_BORDER, formula=range_formula)
 

@@ -69,8 +69,11 @@ class Page:
     # --- elements with data ---
 
     def field(self, name, x, y, width, height=270, kind=TEXT_FIELD, size=9, bold=False, align=LEFT, color=INK,
-              border=NO_BORDER, wrap=False, formula=None, editable=False, hidden=False, **more):
-        """A data field. One with a formula is read-only unless `editable`. `more` are further keys as they stand."""
+              border=NO_BORDER, wrap=False, formula=None, editable=False, hidden=False, inset=60, **more):
+        """A data field. One with a formula is read-only unless `editable`. A right-aligned one ends `inset` before its
+        box. `more` are further keys as they stand."""
+        if align == RIGHT:
+            width -= inset
         self._remember(name)
         self.fields[name] = {"size": size, "bold": bold, "width": width, "height": height, "wrap": wrap}
         if kind == PICTURE_FIELD:

@@ -36,7 +36,7 @@ class Style:
         page.rule(MARGIN, y, width, self.dark)
         page.label(MARGIN, y + 45, third, 240, self.document, size=8, color=MUTED)
         page.label(MARGIN + third, y + 45, third, 240, self.organisation, size=8, color=MUTED, align=CENTRE)
-        page.field("Page Of Pages", MARGIN + width - third, y + 45, third, 240, size=8, color=MUTED, align=RIGHT,
+        page.field("Page Of Pages", MARGIN + width - third, y + 45, third, 240, size=8, color=MUTED, align=RIGHT, inset=30,
                    formula=page_of_pages())
 
 
@@ -57,6 +57,12 @@ def row_cells(y, widths, height):
     for width in widths:
         yield x + 45, y + 45, width - 90, height - 60
         x += width
+
+
+def on_the_line(box):
+    """The box of a small text that stands on one line with the fields beside it."""
+    x, y, width, height = box
+    return x, y + 15, width, height - 15
 
 
 NAVY_STYLE = Style("Harrowmere Electrical Services", "HES-F-042, revision 3", rgb(31, 58, 95), rgb(228, 235, 243))

@@ -2,7 +2,7 @@
 
 from samples import formulas as f
 from samples.design import CENTRE, DATE_FIELD, LANDSCAPE, MUTED, PICTURE_FIELD, RIGHT, UNDERLINE_BORDER, Page
-from samples.house_style import MARGIN, TEAL_STYLE, TOP, heading_row, row_cells
+from samples.house_style import MARGIN, TEAL_STYLE, TOP, heading_row, on_the_line, row_cells
 from samples.inspection_data import CIRCUITS, ITEMS, OBSERVATIONS
 from samples.summary_table import summary_table
 
@@ -132,7 +132,7 @@ def _observations(page, y):
     page.grid(MARGIN, y + 630, widths, 375, OBSERVATION_LINES)
     for line in range(1, OBSERVATION_LINES + 1):
         number, item, text, priority = row_cells(y + 630 + (line - 1) * 375, widths, 375)
-        page.label(*number, str(line), size=8, color=MUTED, align=CENTRE)
+        page.label(*on_the_line(number), str(line), size=8, color=MUTED, align=CENTRE)
         page.field(f"Observed Item {line}", *item, align=CENTRE)
         page.field(f"Observation {line}", *text)
         page.field(f"Priority {line}", *priority, align=CENTRE, bold=True, List="A,B,C")
@@ -260,7 +260,7 @@ def _test_line(page, line, cells):
     x, y, _, height = cells["Polarity"]
     page.check(f"Polarity {line}", x + 240, y, 300, height, DataSource=_source("Polarity"), **bound)
     for name in ("R1R2", "Insulation", "Max Zs", "Zs", "RCD mA", "RCD ms"):
-        page.field(f"{name} {line}", *cells[name], align=RIGHT, DataSource=_source(name), **bound)
+        page.field(f"{name} {line}", *cells[name], align=RIGHT, inset=150, DataSource=_source(name), **bound)
     rcd = f.judged(own["RCD ms"], f.ref(REPORT, "RCD Limit"), f.within_maximum)
     results = {
         "Insulation Result": f.judged(own["Insulation"], f.ref(REPORT, "Insulation Limit"), f.within_minimum),
@@ -268,7 +268,7 @@ def _test_line(page, line, cells):
         "RCD Result": f.if_(f.is_empty(own["RCD mA"]), f.word("n/a"), rcd),
     }
     for name, result in results.items():
-        page.field(f"{name} {line}", *cells[name], size=8, align=CENTRE,
+        page.field(f"{name} {line}", *on_the_line(cells[name]), size=8, align=CENTRE,
                    formula=f.set_me(f.if_(f.is_empty(own["Circuit"]), f.EMPTY, result)))
     page.field(f"Verdict {line}", *cells["Verdict"], bold=True, align=CENTRE,
                formula=f.set_me(f.line_verdict(own["Circuit"], own["Polarity"], [own[name] for name in results])))

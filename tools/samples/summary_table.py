@@ -36,7 +36,7 @@ def _row(page, y, prefix, caption, counts, in_order):
     """The items are added up from the other three counts, so these come first."""
     (x, top, width, height), *cells = row_cells(y, _WIDTHS, _ROW)
     bold = in_order is not None
-    page.label(x, top - 15, width, height, caption, bold=bold)
+    page.label(x, top, width, height, caption, bold=bold)
     boxes = dict(zip((*_COUNTS, "Rate", "Result"), cells))
     for name in (*_COUNTS[1:], "Items"):
         page.field(f"{prefix} {name}", *boxes[name], align=CENTRE, bold=bold, formula=f.set_me(counts[name]))

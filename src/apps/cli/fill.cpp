@@ -1,20 +1,27 @@
 #include "apps/cli/fill.h"
 
 #include "apps/cli/fill_edits.h"
+#include "apps/cli/print_options.h"
 #include "apps/cli/session.h"
+#include "core/paths.h"
 #include "document/form_writer.h"
 #include "formula/recalculation.h"
+#include "print/pdf_printer.h"
+#include "print/print_job.h"
+
+#include <memory>
 
 namespace sheetwright::cli {
 
 namespace {
 
-constexpr OptionSyntax kOptions[] = {
-    {u"set", true}, {u"add-page", true}, {u"save", true}, {u"no-recalculate", false}};
+constexpr OptionSyntax kOptions[] = {{u"set", true}, {u"add-page", true}, {u"save", true},
+                                     {u"pdf", true}, {u"pages", true},    {u"no-recalculate", false}};
 
 constexpr QStringView kHelp =
     u"Sets values and adds pages in the order given, recalculates the whole form once, and\n"
-    u"saves it. When a page or name is unknown, or anything else fails, nothing is written.\n"
+    u"saves or prints it, or both. When a page or name is unknown, or anything else fails,\n"
+    u"nothing is written.\n"
     u"\n"
     u"  --set PAGE:NAME=VALUE   sets a field, check box or picture field of a data page; in\n"
     u"                          VALUE \\n is a line break, \\t a tab and \\\\ a backslash\n"
@@ -23,7 +30,10 @@ constexpr QStringView kHelp =
     u"                          a design page, MODE 0 at the start, 1 at the end, 2 before\n"
     u"                          or 3 after page POSITION; without MODE at the end\n"
     u"  --save OUT              saves to OUT (.aff or .aft), which may be FORM itself;\n"
-    u"                          without it only a summary is printed\n"
+    u"                          without it and --pdf only a summary is told\n"
+    u"  --pdf OUT               prints the data pages to OUT (.pdf)\n"
+    u"  --pages A-B             prints only these; also A, A- (to the end) and -B (from the\n"
+    u"                          start)\n"
     u"  --no-recalculate        leaves all formulas alone\n";
 
 struct Work {
@@ -62,25 +72,69 @@ void PrintSummary(Output& out, const Work& work, const frmSheetwright& document)
     out.Line(u"saved: no");
 }
 
+// Where the results go.
+struct Targets {
+    Targets(const CommandLine& line, const QString& form);
+
+    std::optional<QString> form;
+    std::optional<QString> pdf;
+    PageChoice pages;
+};
+
+Targets::Targets(const CommandLine& line, const QString& source)
+    : form(line.Value(u"save")), pdf(line.Value(u"pdf")), pages(line) {
+    if (form) RequireFormName(*form);
+    if (!pdf && line.Has(u"pages")) throw UsageError(QStringLiteral("--pages needs --pdf"));
+    if (!pdf) return;
+    RequireEnding(*pdf, QStringLiteral(".pdf"));
+    RequireOtherThan(source, *pdf);
+}
+
+// Prints into a file beside the target, whole but not yet in place.
+std::unique_ptr<PdfPrinter> Printed(frmSheetwright& document, const QString& target, PageRange pages) {
+    auto printer =
+        std::make_unique<PdfPrinter>(document.application, target, GetFileName(document.Tag, true));
+    const OnlyPrinter only(document.application, *printer);
+    PrintPages(document, *printer, pages.first, pages.last);
+    if (printer->Complete() == 0) throw CommandError(QStringLiteral("nothing to print"));
+    return printer;
+}
+
+void PutInPlace(Output& out, PdfPrinter& printer, const QString& target) {
+    const int pages = printer.Finish();
+    out.Line(QStringLiteral("printed %1 %2 to ")
+                 .arg(QString::number(pages), pages == 1 ? QStringLiteral("page") : QStringLiteral("pages")) +
+             target);
+}
+
+// The form is saved only when all of it could be printed, and what was printed appears only when the form is
+// saved.
+int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targets, PageRange pages) {
+    std::unique_ptr<PdfPrinter> printer;
+    if (targets.pdf) printer = Printed(document, *targets.pdf, pages);
+    if (targets.form) {
+        document.Tag = *targets.form;
+        if (!SaveForm(document, Recalculate::No)) return status::kFailed;
+        session.Out().Line(QStringLiteral("saved ") + *targets.form);
+    }
+    if (printer) PutInPlace(session.Out(), *printer, *targets.pdf);
+    return status::kDone;
+}
+
 int RunFill(Session& session, const CommandLine& line) {
     const QString path = OnlyForm(line);
-    const std::optional<QString> target = line.Value(u"save");
-    if (target) RequireFormName(*target);
+    const Targets targets(line, path);
     const Work work = WorkOf(line);
 
     const auto document = session.OpenForm(path);
     FormEditor editor(*document);
     for (const Edit& edit : work.edits)
         std::visit([&](const auto& known) { editor.Apply(known); }, edit);
+    const PageRange pages = targets.pages.Of(document->Pages);
     if (!line.Has(u"no-recalculate")) ÜberupdateFormulas(*document, false);
 
-    if (!target) {
-        PrintSummary(session.Out(), work, *document);
-        return status::kDone;
-    }
-    document->Tag = *target;
-    if (!SaveForm(*document, Recalculate::No)) return status::kFailed;
-    session.Out().Line(QStringLiteral("saved ") + *target);
+    if (targets.form || targets.pdf) return PrintAndSave(session, *document, targets, pages);
+    PrintSummary(session.Out(), work, *document);
     return status::kDone;
 }
 
@@ -89,7 +143,7 @@ int RunFill(Session& session, const CommandLine& line) {
 Verb FillVerb() {
     return {u"fill",
             u"FORM [--set PAGE:NAME=VALUE]... [--add-page DESIGN[:MODE[:POSITION]]]... [--save OUT] "
-            u"[--no-recalculate]",
+            u"[--pdf OUT [--pages A-B]] [--no-recalculate]",
             kHelp, kOptions, RunFill};
 }
 

@@ -4,16 +4,22 @@
 #include "apps/cli/eval.h"
 #include "apps/cli/fill.h"
 #include "apps/cli/info.h"
+#include "apps/cli/render.h"
 #include "apps/cli/session.h"
 #include "apps/cli/values.h"
 
-#include <QCoreApplication>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
+#include <memory>
 #include <new>
+#include <span>
+#include <string_view>
 
 namespace sheetwright::cli {
 
@@ -23,8 +29,8 @@ constexpr QStringView kProgram = u"sheetwright-cli";
 
 constexpr OptionSyntax kHelpOption{u"help", false};
 
-std::array<Verb, 5> Verbs() {
-    return {InfoVerb(), ValuesVerb(), FillVerb(), EvalVerb(), CheckVerb()};
+std::array<Verb, 6> Verbs() {
+    return {InfoVerb(), ValuesVerb(), FillVerb(), RenderVerb(), EvalVerb(), CheckVerb()};
 }
 
 QString UsageOf(const Verb& verb) {
@@ -93,7 +99,7 @@ int Run(const QStringList& arguments) {
                        .arg(version.revision));
         return out.Flush() ? status::kDone : status::kFailed;
     }
-    const std::array<Verb, 5> verbs = Verbs();
+    const std::array<Verb, 6> verbs = Verbs();
     const auto verb = std::ranges::find(verbs, QStringView(first), &Verb::name);
     const QString usage = QStringLiteral("usage: %1 VERB ... (see --help)").arg(kProgram);
     if (arguments.size() < 2) return WrongUsage(QStringLiteral("a verb is needed"), usage);
@@ -109,6 +115,47 @@ int Run(const QStringList& arguments) {
     }
 }
 
+// Remarks of the libraries are for their developers; standard error belongs to the errors of forms. The last
+// word before the end is told.
+void TellTheFatalOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtFatalMsg) ConsoleUserInterface::PrintError(text);
+}
+
+// Told from the bare arguments, since the kind of application comes before everything else. To take a value
+// for the option costs a moment and no more.
+bool Draws(std::span<char* const> arguments) {
+    const auto begins = [](std::string_view start) {
+        return [start](std::string_view argument) { return argument.starts_with(start); };
+    };
+    return arguments.size() > 2 && (std::string_view(arguments[1]) == "render" ||
+                                    std::ranges::any_of(arguments.subspan(2), begins("--pdf")));
+}
+
+// Fonts come with an application of the kind that has windows, on a platform that shows none, whatever
+// display there is. It starts slower, so the verbs that draw nothing go without. The count and the arguments
+// must live as long as the application.
+std::unique_ptr<QCoreApplication> ApplicationFor(bool draws, int& count, char** arguments) {
+    if (!draws) return std::make_unique<QCoreApplication>(count, arguments);
+    qunsetenv("QT_QPA_PLATFORMTHEME");  // may insist on a display
+    const QTemporaryDir runtime;        // without one, another would be made that stays
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    return std::make_unique<QGuiApplication>(count, arguments);
+}
+
+int RunIn(std::span<char*> arguments) {
+    const bool draws = Draws(arguments);
+    char platform[] = "-platform";
+    char offscreen[] = "offscreen";
+    std::array<char*, 4> own{arguments.empty() ? platform : arguments[0], platform, offscreen, nullptr};
+    int ownCount = draws ? 3 : 1;
+    const std::unique_ptr<QCoreApplication> application = ApplicationFor(draws, ownCount, own.data());
+    QStringList texts;
+    for (const char* argument : arguments)
+        texts << QString::fromLocal8Bit(argument);
+    return Run(texts);
+}
+
 }  // namespace
 
 QString OnlyForm(const CommandLine& line) {
@@ -120,12 +167,10 @@ QString OnlyForm(const CommandLine& line) {
 }  // namespace sheetwright::cli
 
 int main(int argumentCount, char** arguments) {
-    // Remarks of the libraries are for their developers; standard error belongs to the errors of forms.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    qInstallMessageHandler(sheetwright::cli::TellTheFatalOnly);
 #ifdef SIGXFSZ  // a pipe that nobody reads and a file beyond its limit are failed writes, not the end
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
-    const QCoreApplication application(argumentCount, arguments);
-    return sheetwright::cli::Run(QCoreApplication::arguments());
+    return sheetwright::cli::RunIn({arguments, static_cast<std::size_t>(argumentCount)});
 }

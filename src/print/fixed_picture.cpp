@@ -1,0 +1,82 @@
+#include "core/paths.h"
+#include "print/element_pens.h"
+#include "print/fixed_elements.h"
+#include "print/form_surfaces.h"
+#include "print/primitives.h"
+
+namespace sheetwright {
+
+namespace {
+
+// Where the file that a design names lies: there, or beside the form when the name has no folder of its own.
+// "" when it is in neither place.
+QString NamedFile(const FormDrawing& form, const QString& named) {
+    if (FileExists(named)) return named;
+    if (!GetFolder(named).isEmpty()) return {};
+    const QString besideForm = form.FormFolder + named;
+    return FileExists(besideForm) ? besideForm : QString();
+}
+
+// The form's own copy of a picture, which is the one that goes into its archive. Nothing but a picture is
+// ever copied: a form from elsewhere may name any file of this machine.
+void CopyPicture(const QString& from, const QString& to) {
+    (void)LoadPicture(from);
+    WriteFileAtomically(to, ReadWholeFile(from));
+}
+
+// The form's copy of the picture, made when there is none yet. "" when the picture is found nowhere.
+QString OwnPicture(const FormDrawing& form, const QString& named) {
+    QString own = form.MyTempDir + GetFileName(named);
+    if (FileExists(own)) return own;
+    const QString original = NamedFile(form, named);
+    if (original.isEmpty()) return {};
+    CopyPicture(original, own);
+    return own;
+}
+
+// The surface shows the picture in its natural size.
+void Show(PictureSurface& surface, const Picture& picture) {
+    surface.SetWidth(picture.width);
+    surface.SetHeight(picture.height);
+    surface.PaintPicture(picture, 0, 0, picture.width, picture.height, 0, 0, picture.width, picture.height);
+}
+
+}  // namespace
+
+void DrawPictureElement(const ElementDrawing& element) {
+    FormDrawing& form = element.form;
+    const PrintState& state = element.State();
+    PictureSurface& surface = form.surfaces.imgPiccy;
+    const auto record = element.As<PictureRecord>();
+
+    double borderStyle = 0;
+    element.Step([&] { borderStyle = record.BorderStyle(); });
+    const bool isFramed = borderStyle == 1;
+    if (isFramed) {
+        SetFramePen(state, element.device,
+                    [&](auto&& statement) { element.Step(std::forward<decltype(statement)>(statement)); });
+        element.Step([&] {
+            const Extent place = record.Place();
+            DrawBox(state, element.device, place.left, place.top, place.left + place.width,
+                    place.top + place.height, Colour{0});
+        });
+    }
+
+    surface.Cls();
+    QString named;
+    element.Step([&] { named = record.Picture(); });
+    QString file;
+    if (!named.isEmpty()) element.Step([&] { file = OwnPicture(form, named); });
+    if (!file.isEmpty()) element.Step([&] { Show(surface, form.surfaces.pictures.Load(file)); });
+
+    element.Step([&] {
+        surface.Left = record.AbsLeft() + (isFramed ? state.ScreenTwipsPerPixelX : 0);
+        surface.Top = record.AbsTop() + (isFramed ? state.ScreenTwipsPerPixelY : 0);
+    });
+    element.Step([&] {
+        DrawBitmap(form.application, element.device, surface, record.Width() - state.ScreenTwipsPerPixelX,
+                   record.Height() - state.ScreenTwipsPerPixelY);
+    });
+}
+
+}  // namespace sheetwright

@@ -1,0 +1,199 @@
+#include "print/font_face.h"
+
+#include <algorithm>
+
+namespace sheetwright {
+
+namespace {
+
+constexpr qsizetype kLongestRun = 256;
+constexpr std::size_t kMostSizes = 64;
+
+// In pixels: the least letter spacing there is. Texts that are spaced get no ligatures.
+constexpr double kNoLigatures = 1.0 / 64;
+
+QFont ReferenceFont(const QStringList& families, bool bold, bool italic) {
+    QFont font;
+    font.setFamilies(families);
+    font.setPixelSize(FontFace::kReferencePixels);
+    font.setBold(bold);
+    font.setItalic(italic);
+    font.setKerning(false);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, kNoLigatures);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+bool IsShownAsBlank(QChar character) {
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph;
+}
+
+// Whether the character always looks alike and stands by itself, whatever its neighbours.
+bool IsPlain(QChar character) {
+    if (character.isSurrogate() || character.isMark() || character.category() == QChar::Other_Format) {
+        return false;
+    }
+    switch (character.script()) {
+        case QChar::Script_Unknown:
+        case QChar::Script_Common:
+        case QChar::Script_Latin:
+        case QChar::Script_Greek:
+        case QChar::Script_Cyrillic:
+        case QChar::Script_Armenian:
+        case QChar::Script_Georgian:
+        case QChar::Script_Han:
+        case QChar::Script_Hiragana:
+        case QChar::Script_Katakana:
+        case QChar::Script_Bopomofo:
+            return true;
+        case QChar::Script_Hangul:
+            return character >= u'\uAC00' && character <= u'\uD7A3';
+        default:
+            return false;
+    }
+}
+
+// `end`, or one less where it would part the halves of a surrogate pair.
+qsizetype BetweenCharacters(QStringView text, qsizetype end) {
+    const bool parts =
+        end > 0 && end < text.size() && text[end - 1].isHighSurrogate() && text[end].isLowSurrogate();
+    return parts ? end - 1 : end;
+}
+
+}  // namespace
+
+FontFace::FontFace(const QStringList& families, bool bold, bool italic, SymbolSet symbols)
+    : m_reference(ReferenceFont(families, bold, italic)),
+      m_metrics(m_reference),
+      m_glyphs(QRawFont::fromFont(m_reference)),
+      m_symbols(symbols),
+      m_ascent(m_metrics.ascent()),
+      m_lineHeight(m_metrics.ascent() + m_metrics.descent()),
+      m_underline(m_metrics.underlinePos()),
+      m_strikethru(-m_metrics.strikeOutPos()),
+      m_lineThickness(m_metrics.lineWidth()) {
+    m_glyphs.setPixelSize(kReferencePixels);
+}
+
+FontFace::Character FontFace::Measured(char16_t unit) const {
+    QChar shown = unit;
+    if (m_symbols != SymbolSet::None) shown = SymbolNamesake(m_symbols, shown);
+    if (IsShownAsBlank(shown)) shown = u' ';
+    if (!IsPlain(shown)) return {kNeedsRun, 0};
+    quint32 glyph = 0;
+    int count = 1;
+    if (!m_glyphs.glyphIndexesForChars(&shown, 1, &glyph, &count)) glyph = 0;
+    const double advance = std::max(0.0, m_metrics.horizontalAdvance(QString(shown)) - kNoLigatures);
+    return {static_cast<float>(advance), glyph};
+}
+
+const FontFace::Character& FontFace::Load(char16_t unit) const {
+    std::unique_ptr<CharacterPage>& page = m_pages[unit >> 8U];
+    if (!page) {
+        page = std::make_unique<CharacterPage>();
+        page->fill({kUnknown, 0});
+    }
+    return (*page)[unit & 0xFFU] = Measured(unit);
+}
+
+double FontFace::RunWidth(QStringView run) const {
+    return std::max(0.0, m_metrics.horizontalAdvance(run.toString()));
+}
+
+qsizetype FontFace::RunEnd(QStringView text, qsizetype start) const {
+    const qsizetype limit = std::min(text.size(), start + kLongestRun);
+    qsizetype end = start + 1;
+    while (end < limit && CharacterOf(text[end].unicode()).advance < 0)
+        ++end;
+    return BetweenCharacters(text, end);
+}
+
+double FontFace::Width(QStringView text) const {
+    double width = 0;
+    for (qsizetype i = 0; i < text.size();) {
+        const float advance = CharacterOf(text[i].unicode()).advance;
+        if (advance >= 0) {
+            width += static_cast<double>(advance);
+            ++i;
+            continue;
+        }
+        const qsizetype end = RunEnd(text, i);
+        width += RunWidth(text.sliced(i, end - i));
+        i = end;
+    }
+    return width;
+}
+
+qsizetype FontFace::FittingInRun(QStringView run, double before, double scale, double width) const {
+    qsizetype fits = 0;
+    qsizetype tooLong = run.size();
+    while (tooLong - fits > 1) {
+        const qsizetype middle = fits + (tooLong - fits) / 2;
+        const bool fit = (before + RunWidth(run.first(middle))) * scale <= width;
+        (fit ? fits : tooLong) = middle;
+    }
+    return BetweenCharacters(run, fits);
+}
+
+qsizetype FontFace::Fitting(QStringView text, double scale, double width) const {
+    double used = 0;
+    qsizetype i = 0;
+    while (i < text.size()) {
+        const float advance = CharacterOf(text[i].unicode()).advance;
+        const qsizetype end = advance >= 0 ? i + 1 : RunEnd(text, i);
+        const QStringView run = text.sliced(i, end - i);
+        const double after = used + (advance >= 0 ? static_cast<double>(advance) : RunWidth(run));
+        if (!(after * scale <= width)) {
+            return used * scale <= width ? i + FittingInRun(run, used, scale, width) : 0;
+        }
+        used = after;
+        i = end;
+    }
+    return 0 <= width ? i : 0;
+}
+
+QString FontFace::Shown(const QString& text) const {
+    const auto changes = [this](QChar c) { return m_symbols != SymbolSet::None || IsShownAsBlank(c); };
+    if (std::none_of(text.begin(), text.end(), changes)) return text;
+    QString shown = text;
+    for (QChar& character : shown) {
+        if (m_symbols != SymbolSet::None) character = SymbolNamesake(m_symbols, character);
+        if (IsShownAsBlank(character)) character = u' ';
+    }
+    return shown;
+}
+
+const QRawFont& FontFace::Sized(double pixels) const {
+    const auto found = m_sized.find(pixels);
+    if (found != m_sized.end()) return found->second;
+    if (m_sized.size() >= kMostSizes) m_sized.clear();
+    QFont hinted = m_reference;
+    hinted.setHintingPreference(QFont::PreferVerticalHinting);
+    QRawFont font = QRawFont::fromFont(hinted);
+    font.setPixelSize(pixels);
+    return m_sized.emplace(pixels, std::move(font)).first->second;
+}
+
+std::optional<QGlyphRun> FontFace::Glyphs(const QString& text, double pixels) const {
+    QList<quint32> glyphs;
+    QList<QPointF> positions;
+    glyphs.reserve(text.size());
+    positions.reserve(text.size());
+    double x = 0;
+    for (const QChar unit : text) {
+        const Character& character = CharacterOf(unit.unicode());
+        if (character.advance < 0 || character.glyph == 0) return std::nullopt;
+        glyphs.append(character.glyph);
+        positions.append(QPointF(x * pixels / kReferencePixels, 0));
+        x += static_cast<double>(character.advance);
+    }
+    QGlyphRun run;
+    run.setRawFont(Sized(pixels));
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    return run;
+}
+
+}  // namespace sheetwright

@@ -1,0 +1,63 @@
+#include "print/page_stationery.h"
+
+#include "core/application.h"
+#include "core/failure.h"
+#include "document/document.h"
+#include "formula/value_conversion.h"
+#include "print/form_surfaces.h"
+#include "print/stationery.h"
+
+#include <QScopeGuard>
+
+#include <cmath>
+#include <limits>
+
+namespace sheetwright {
+
+namespace {
+
+constexpr ScaleForm kTwips;  // every form measures in twips
+
+enum Field { kImage = 1, kResolution, kPrinterX, kPrinterY, kScreenX, kScreenY };
+
+PrePrinted& StationeryOf(frmSheetwright& document) {
+    if (!document.stationery)
+        document.stationery = std::make_unique<PrePrinted>(
+            document.application.printing, [] { return &kTwips; },
+            [&pictures = document.surfaces->pictures](const QString& path) { return pictures.Load(path); });
+    return *document.stationery;
+}
+
+float ToSingle(double number) {
+    if (!(std::abs(number) <= double{std::numeric_limits<float>::max()})) throw Failure(failure::kOverflow);
+    return static_cast<float>(number);
+}
+
+}  // namespace
+
+void LoadPPSettings(frmSheetwright& document, const QString& value) {
+    PrePrinted& stationery = StationeryOf(document);
+    const auto number = [&](Field field) {
+        return ToNumber(StationeryField(value, field), document.application.conventions);
+    };
+    stationery.imageDPI = ToInt16(number(kResolution));
+    stationery.printerXAdjust = ToSingle(number(kPrinterX));
+    stationery.printerYAdjust = ToSingle(number(kPrinterY));
+    stationery.screenXAdjust = ToSingle(number(kScreenX));
+    stationery.screenYAdjust = ToSingle(number(kScreenY));
+    stationery.setBackground(document.MyTempDir + StationeryField(value, kImage).toString());
+    stationery.setScaleForm(kTwips);
+    if (document.LayoutHook) document.LayoutHook();
+    PaintBackground(document);
+}
+
+void PaintBackground(frmSheetwright& document) {
+    PrePrinted& stationery = StationeryOf(document);
+    if (stationery.Background().IsEmpty()) return;
+    UserInterface& ui = document.application.ui;
+    ui.SetPointer(Pointer::Hourglass);
+    const auto normalPointer = qScopeGuard([&ui] { ui.SetPointer(Pointer::Normal); });
+    PaintBackground(stationery, document.application.printing, document.surfaces->picForm);
+}
+
+}  // namespace sheetwright

@@ -1,0 +1,197 @@
+#include "print/picture_file.h"
+
+#include "core/failure.h"
+#include "core/paths.h"
+#include "print/wmf_picture.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QScopeGuard>
+#include <QSize>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace sheetwright {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr int kMostBytesPerPixel = 8;
+constexpr qint64 kMegabyte = 1LL << 20;
+
+struct Signature {
+    QByteArrayView front;
+    const char* format;
+};
+
+constexpr QByteArrayView kPngFront("\x89PNG\r\n\x1A\n", 8);
+constexpr QByteArrayView kIconFront("\0\0\1\0", 4);
+constexpr std::array kSignatures{
+    Signature{"BM", "bmp"},     Signature{"\xFF\xD8\xFF", "jpeg"}, Signature{kPngFront, "png"},
+    Signature{"GIF87a", "gif"}, Signature{"GIF89a", "gif"},        Signature{kIconFront, "ico"},
+};
+
+QByteArray FormatOf(const QByteArray& bytes) {
+    const auto* found = std::find_if(kSignatures.begin(), kSignatures.end(), [&](const Signature& signature) {
+        return bytes.startsWith(signature.front);
+    });
+    if (found == kSignatures.end()) throw Failure(failure::kInvalidPicture);
+    return found->format;
+}
+
+qint64 PixelsOf(QSize size) {
+    return qint64{size.width()} * size.height();
+}
+
+void RequireReasonable(QSize size) {
+    if (size.isEmpty() || PixelsOf(size) > kMostPicturePixels) throw Failure(failure::kInvalidPicture);
+}
+
+// The directory of an icon: 16 bytes for each image behind a header of 6, where 0 pixels stand for 256.
+int LargestIcon(const QByteArray& bytes) {
+    constexpr qsizetype kHeader = 6;
+    constexpr qsizetype kEntry = 16;
+    const auto at = [&](qsizetype position) { return static_cast<quint8>(bytes[position]); };
+    const auto pixels = [&](qsizetype position) { return at(position) == 0 ? 256 : int{at(position)}; };
+    int largest = 0;
+    int most = 0;
+    for (qsizetype entry = kHeader, index = 0; entry + kEntry <= bytes.size() && index < at(4) + 256 * at(5);
+         entry += kEntry, ++index) {
+        // Of equally large ones the one with the most colours.
+        const int rank = pixels(entry) * pixels(entry + 1) * 256 + at(entry + 6);
+        if (rank > most) largest = static_cast<int>(index);
+        most = std::max(most, rank);
+    }
+    return largest;
+}
+
+// Lets an image of that size be decoded as long as the guard lives.
+auto AllowPixels(qint64 pixels) {
+    const int before = QImageReader::allocationLimit();
+    const auto needed = static_cast<int>(pixels * kMostBytesPerPixel / kMegabyte + 1);
+    QImageReader::setAllocationLimit(std::max(before, needed));
+    return qScopeGuard([before] { QImageReader::setAllocationLimit(before); });
+}
+
+bool HoldsPixels(const QImage& image) {
+    const auto isSet = [](uchar byte) { return byte != 0; };
+    return std::any_of(image.constBits(), image.constBits() + image.sizeInBytes(), isSet);
+}
+
+// Decoded pixels over nothing, so that what a file lacks at its end is transparent. Empty where the decoder
+// makes its own image.
+QImage Nothing(const QImageReader& reader, QSize size) {
+    QImage image(size, reader.imageFormat());
+    image.fill(0);
+    return image;
+}
+
+QImage Decoded(QImageReader& reader) {
+    const QSize size = reader.size();
+    RequireReasonable(size);
+    const auto allowance = AllowPixels(PixelsOf(size));
+    QImage image = Nothing(reader, size);
+    const bool isWhole = reader.read(&image);
+    if (!isWhole && !HoldsPixels(image)) throw Failure(failure::kInvalidPicture);
+    RequireReasonable(image.size());
+    if (!isWhole && image.format() == QImage::Format_RGB32)
+        image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    return image;
+}
+
+// In one of the two formats that paint without being converted each time.
+QImage ForPainting(QImage image) {
+    const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    image.convertTo(format);
+    if (image.isNull()) throw Failure(failure::kOutOfMemory);
+    return image;
+}
+
+QByteArray PictureBytes(const QString& stored) {
+    QFile file(OnDisk(stored));
+    OpenForReading(file);
+    if (file.size() > kLargestPictureFile) throw Failure(failure::kInvalidPicture);
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) throw Failure(failure::kDeviceError);
+    return bytes;
+}
+
+// Running out of memory is a failure like others here: a large picture is the likeliest reason for it.
+template <typename Load>
+Picture WithMemory(Load&& load) {
+    try {
+        return load();
+    } catch (const std::bad_alloc&) {
+        throw Failure(failure::kOutOfMemory);
+    }
+}
+
+Picture FromBytes(const QByteArray& bytes) {
+    const QByteArray format = FormatOf(bytes);
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    if (format == "ico") reader.jumpToImage(LargestIcon(bytes));
+    Picture picture;
+    picture.image = ForPainting(Decoded(reader));
+    picture.width = picture.image.width() * kTwipsPerPixel;
+    picture.height = picture.image.height() * kTwipsPerPixel;
+    picture.isPhotograph = format == "jpeg";
+    return picture;
+}
+
+}  // namespace
+
+Picture LoadPicture(const QString& stored) {
+    return WithMemory([&] {
+        const QByteArray bytes = PictureBytes(stored);
+        return IsMetafile(bytes) ? MetafilePicture(bytes) : FromBytes(bytes);
+    });
+}
+
+Picture PictureOf(const QByteArray& bytes) {
+    return WithMemory([&] { return FromBytes(bytes); });
+}
+
+const Picture& PictureCache::Load(const QString& stored) {
+    const QString path = OnDisk(stored);
+    const QFileInfo info(path);
+    const QDateTime modified = info.lastModified();
+    const qint64 size = info.size();
+    const auto found = m_entries.find(path);
+    if (found != m_entries.end()) {
+        Entry& entry = found->second;
+        entry.lastUse = ++m_uses;
+        if (info.isFile() && entry.modified == modified && entry.size == size) return entry.picture;
+        m_entries.erase(found);
+    }
+    Picture picture = LoadPicture(path);
+    MakeRoom(picture.image.sizeInBytes());
+    const Entry entry{std::move(picture), modified, size, ++m_uses};
+    return m_entries.insert_or_assign(path, entry).first->second.picture;
+}
+
+void PictureCache::Clear() {
+    m_entries.clear();
+}
+
+void PictureCache::MakeRoom(qint64 bytes) {
+    const auto used = [this] {
+        return std::accumulate(m_entries.begin(), m_entries.end(), qint64{0},
+                               [](qint64 sum, const auto& item) {
+                                   return sum + qint64{item.second.picture.image.sizeInBytes()};
+                               });
+    };
+    while (!m_entries.empty() && used() + bytes > m_mostBytes)
+        m_entries.erase(std::min_element(
+            m_entries.begin(), m_entries.end(),
+            [](const auto& one, const auto& other) { return one.second.lastUse < other.second.lastUse; }));
+}
+
+}  // namespace sheetwright

@@ -1,0 +1,286 @@
+// Printing to a PDF file from the command line: what is in the file, and that there is none when anything
+// fails.
+
+#include "apps/cli_test.h"
+#include "support/form_text.h"
+#include "support/pdf_tools.h"
+
+#include <QFileInfo>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace sheetwright {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+QString S(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+// Five data pages, upright and lying by turns.
+QByteArray MixedForm() {
+    FormText form;
+    form.Page(S("Cover"), {S("PaperSize=9")}).Field(S("A")).Formula(S("B"), S("SETME({FIELDS\\Cover,A})"));
+    form.Page(S("Wide"), {S("Orientation=2"), S("PaperSize=8")}).Field(S("C"));
+    form.Data(1, {S("A=one")}).Data(2, {S("C=two")}).Data(1, {S("A=three")}).Data(2, {S("C=four")});
+    form.Data(1, {S("A=five")});
+    return form.Bytes();
+}
+
+QByteArray OneField(const QStringList& changes, const QString& value) {
+    return FormText().Page(S("Cover")).Field(S("A"), changes).Data(1, {S("A=") + value}).Bytes();
+}
+
+QByteArray ManyPages(int pages) {
+    FormText form;
+    form.Page(S("Cover")).Field(S("A"));
+    for (int page = 1; page <= pages; ++page)
+        form.Data(1, {S("A=value %1").arg(page)});
+    return form.Bytes();
+}
+
+}  // namespace
+
+class CliPdf : public CliTest {
+  protected:
+    void SetUp() override { Write(S("a.aff"), MixedForm()); }
+
+    [[nodiscard]] CliResult Fill(const QStringList& rest) const {
+        return Run(QStringList{S("fill"), S("a.aff")} + rest);
+    }
+
+    // Everything in the test's folder beside what the calls work with.
+    [[nodiscard]] QStringList Files() const {
+        return QDir(Path(S("."))).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+    [[nodiscard]] std::vector<std::string> TextsOf(const char* pdf, int pages) const {
+        std::vector<std::string> texts;
+        for (int page = 1; page <= pages; ++page)
+            texts.push_back(PdfText(Path(S(pdf)), page));
+        return texts;
+    }
+};
+
+TEST_F(CliPdf, EveryDataPageIsPrintedOnItsOwnPaper) {
+    const CliResult result = Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf")});
+    EXPECT_EQ(result.out, "printed 5 pages to out.pdf\n");
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(PdfPageSizes(Path(S("out.pdf"))),
+                ElementsAre("595x842", "1191x842", "595x842", "1191x842", "595x842"));
+    EXPECT_THAT(TextsOf("out.pdf", 5), ElementsAre("one", "two", "three", "four", "five"));
+    EXPECT_EQ(PdfInfo(Path(S("out.pdf")), S("Title")), "a");
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("out.pdf")}));
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliPdf, WhatIsSetAndAddedIsPrintedAndSaved) {
+    Write(S("a.aff"), OneField({}, S("old")));
+    const CliResult result = Fill({S("--set"), S("1:A=first"), S("--add-page"), S("Cover"), S("--set"),
+                                   S("2:A=second"), S("--save"), S("b.aff"), S("--pdf"), S("b.pdf")});
+    EXPECT_EQ(result.out, "saved b.aff\nprinted 2 pages to b.pdf\n");
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(TextsOf("b.pdf", 2), ElementsAre("first", "second"));
+    EXPECT_THAT(Run({S("values"), S("b.aff")}).out, HasSubstr("2\tCover\tA\tsecond\n"));
+}
+
+TEST_F(CliPdf, FormulasHaveRunUnlessTheyAreNotWanted) {
+    FormText form;
+    form.Page(S("Cover")).Formula(S("B"), S("SETME(ADD(1,2))")).Data(1, {S("B=7")});
+    Write(S("a.aff"), form.Bytes());
+    EXPECT_EQ(Fill({S("--pdf"), S("out.pdf")}).out, "printed 1 page to out.pdf\n");
+    EXPECT_EQ(PdfText(Path(S("out.pdf")), 1), "3");
+    EXPECT_EQ(Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf")}).status, 0);
+    EXPECT_EQ(PdfText(Path(S("out.pdf")), 1), "7");
+}
+
+TEST_F(CliPdf, PagesChoosesSomeOfThem) {
+    const std::vector<std::pair<const char*, std::vector<std::string>>> cases{
+        {"2-4", {"two", "three", "four"}},
+        {"3", {"three"}},
+        {"4-", {"four", "five"}},
+        {"-2", {"one", "two"}},
+        {"1-5", {"one", "two", "three", "four", "five"}},
+    };
+    for (const auto& [choice, texts] : cases) {
+        const CliResult result =
+            Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf"), S("--pages"), S(choice)});
+        EXPECT_EQ(result.status, 0) << choice << result.err;
+        EXPECT_EQ(TextsOf("out.pdf", static_cast<int>(texts.size())), texts) << choice;
+    }
+}
+
+TEST_F(CliPdf, WrongArgumentsAreToldAndNothingIsWritten) {
+    Write(S("b.pdf"), MixedForm());
+    const std::vector<std::pair<QStringList, const char*>> cases{
+        {{S("a.aff"), S("--pdf"), S("out.txt")}, "the name must end in .pdf: \"out.txt\""},
+        {{S("a.aff"), S("--pdf"), S("")}, "the name must end in .pdf: \"\""},
+        {{S("b.pdf"), S("--pdf"), S("b.pdf")}, "\"b.pdf\" is the form itself"},
+        {{S("b.pdf"), S("--pdf"), S("./b.pdf")}, "\"./b.pdf\" is the form itself"},
+        {{S("a.aff"), S("--pages"), S("1")}, "--pages needs --pdf"},
+        {{S("a.aff"), S("--pdf")}, "option --pdf needs a value"},
+    };
+    for (const auto& [arguments, error] : cases) {
+        const CliResult result = Run(QStringList{S("fill")} + arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_THAT(result.err, StartsWith(std::string("error: ") + error + "\nusage: "));
+    }
+    EXPECT_EQ(Read(S("b.pdf")), MixedForm());
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("b.pdf")}));
+}
+
+TEST_F(CliPdf, PagesThatCanNotBeAreToldWithTheRange) {
+    for (const char* choice :
+         {"", "-", "x", "1-x", "1-2-3", "1,2", "+1", " 1", "99999999999999999999", "32768"}) {
+        const CliResult result =
+            Fill({S("--pdf"), S("out.pdf"), S("--save"), S("b.aff"), S("--pages"), S(choice)});
+        EXPECT_EQ(result.status, 2) << choice;
+        EXPECT_THAT(result.err, StartsWith(std::string("error: --pages wants A, A-B, A- or -B, not \"") +
+                                           choice + "\"\n"));
+    }
+    for (const char* choice : {"0", "0-2", "6", "2-6", "4-3", "6-", "-6", "-0"}) {
+        const CliResult result =
+            Fill({S("--pdf"), S("out.pdf"), S("--save"), S("b.aff"), S("--pages"), S(choice)});
+        EXPECT_EQ(result.status, 2) << choice;
+        EXPECT_THAT(result.err,
+                    StartsWith(std::string("error: there are no pages ") + choice + ": the form has 5\n"));
+    }
+    EXPECT_EQ(Files(), QStringList(S("a.aff")));
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliPdf, APlaceThatCanNotBeWrittenFailsAndSavesNothing) {
+    QDir(Path(S("."))).mkdir(S("folder.pdf"));
+    QFile::link(S("/dev/full"), Path(S("full.pdf")));
+    const std::vector<std::pair<const char*, const char*>> cases{
+        {"folder.pdf", "75: Path/File access error"},
+        {"nowhere/out.pdf", "76: Path not found"},
+        {"full.pdf", "75: Path/File access error"},
+        {"a.aff/out.pdf", "76: Path not found"},
+    };
+    for (const auto& [target, error] : cases) {
+        const CliResult result =
+            Fill({S("--no-recalculate"), S("--save"), S("b.aff"), S("--pdf"), S(target)});
+        EXPECT_EQ(result.status, 1) << target;
+        EXPECT_EQ(result.out, "") << target;
+        EXPECT_EQ(result.err, std::string("error: ") + error + " (a.aff)\n") << target;
+    }
+    EXPECT_FALSE(QFileInfo::exists(Path(S("b.aff"))));
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliPdf, AFormThatCanNotBeSavedIsNotPrintedEither) {
+    const CliResult result =
+        Fill({S("--no-recalculate"), S("--save"), S("nowhere/b.aff"), S("--pdf"), S("out.pdf")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, StartsWith("error: "));
+    EXPECT_EQ(Files(), QStringList(S("a.aff")));
+}
+
+TEST_F(CliPdf, AFullDiskLeavesTheOldFiles) {
+    Write(S("a.aff"), ManyPages(300));
+    Write(S("out.pdf"), "old");
+    const QByteArray form = Read(S("a.aff"));
+    for (const rlim_t bytes : {9'000, 20'000, 40'000}) {
+        QProcess process;
+        Prepare(process, {S("fill"), S("a.aff"), S("--save"), S("a.aff"), S("--pdf"), S("out.pdf")},
+                S("C.UTF-8"));
+        process.setChildProcessModifier([bytes] {
+            const rlimit limit{bytes, RLIM_INFINITY};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        });
+        process.start();
+        const CliResult result = ResultOf(process);
+        EXPECT_EQ(result.status, 1) << bytes;
+        EXPECT_EQ(result.out, "") << bytes;
+        EXPECT_THAT(result.err, HasSubstr("61")) << bytes;
+        EXPECT_EQ(Read(S("a.aff")), form) << bytes;
+        EXPECT_EQ(Read(S("out.pdf")), "old") << bytes;
+        EXPECT_EQ(Files(), QStringList({S("a.aff"), S("out.pdf")})) << bytes;
+    }
+}
+
+TEST_F(CliPdf, AnOldFileThatIsReadOnlyStays) {
+    Write(S("out.pdf"), "old");
+    QFile::setPermissions(Path(S("out.pdf")), QFile::ReadOwner);
+    const CliResult result = Fill({S("--no-recalculate"), S("--save"), S("b.aff"), S("--pdf"), S("out.pdf")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "error: 75: Path/File access error (a.aff)\n");
+    EXPECT_EQ(Read(S("out.pdf")), "old");
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("out.pdf")}));
+}
+
+TEST_F(CliPdf, AFontOfNoSizeIsAFailure) {
+    Write(S("a.aff"), OneField({S("FontSize=0")}, S("text")));
+    const CliResult result = Fill({S("--save"), S("b.aff"), S("--pdf"), S("out.pdf")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "error: 380: Invalid property value (a.aff)\n");
+    EXPECT_EQ(Files(), QStringList(S("a.aff")));
+}
+
+TEST_F(CliPdf, APlacePast16BitsIsAFailure) {
+    for (const char* change : {"AbsLeft=40000", "AbsTop=32767", "Width=1e9", "Height=99999"}) {
+        Write(S("a.aff"), OneField({S(change)}, S("text")));
+        const CliResult result = Fill({S("--pdf"), S("out.pdf")});
+        EXPECT_EQ(result.status, 1) << change;
+        EXPECT_EQ(result.err, "error: 6: Overflow (a.aff)\n") << change;
+        EXPECT_EQ(Files(), QStringList(S("a.aff"))) << change;
+    }
+}
+
+// A design of a header alone is never told to the printer, and its values find no element.
+TEST_F(CliPdf, WhereNothingIsDrawnThereIsNothingToPrint) {
+    FormText nothingDrawn;
+    nothingDrawn.Page(S("Cover"), {S("-Orientation")}).Data(1, {S("A=1")});
+    const QByteArray noPage = FormText().Page(S("Cover")).Field(S("A")).Bytes();
+    for (const QByteArray& form : {nothingDrawn.Bytes(), noPage}) {
+        Write(S("a.aff"), form);
+        const CliResult result = Fill({S("--save"), S("b.aff"), S("--pdf"), S("out.pdf")});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, "error: nothing to print\n");
+        EXPECT_EQ(Files(), QStringList(S("a.aff")));
+    }
+}
+
+TEST_F(CliPdf, ACallThatIsKilledLeavesTheOldFileAndTheNextClearsUp) {
+    Write(S("a.aff"), ManyPages(20'000));
+    Write(S("out.pdf"), "old");
+    QProcess process;
+    Prepare(process, {S("fill"), S("a.aff"), S("--no-recalculate"), S("--pdf"), S("out.pdf")}, S("C.UTF-8"));
+    process.start();
+    const auto isPrinting = [&] { return QFileInfo(Path(S("out.pdf.new"))).size() > 0; };
+    while (!isPrinting() && process.state() != QProcess::NotRunning)
+        process.waitForFinished(1);
+    ASSERT_TRUE(isPrinting()) << process.readAllStandardError().toStdString();
+    process.kill();
+    ASSERT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(Read(S("out.pdf")), "old");
+    Write(S("a.aff"), MixedForm());
+    EXPECT_EQ(Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf")}).status, 0);
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("out.pdf")}));
+    EXPECT_EQ(LeftOvers(), QStringList());
+}
+
+TEST_F(CliPdf, NoDisplayIsNeededWhateverTheEnvironmentSays) {
+    QProcess process;
+    Prepare(process, {S("fill"), S("a.aff"), S("--no-recalculate"), S("--pdf"), S("out.pdf")}, S("C.UTF-8"));
+    QProcessEnvironment environment = process.processEnvironment();
+    environment.insert(S("QT_QPA_PLATFORM"), S("xcb"));
+    environment.insert(S("QT_QPA_PLATFORMTHEME"), S("gtk3"));
+    environment.insert(S("DISPLAY"), S(":99"));
+    process.setProcessEnvironment(environment);
+    process.start();
+    EXPECT_EQ(ResultOf(process).out, "printed 5 pages to out.pdf\n");
+}
+
+}  // namespace sheetwright
