@@ -424,9 +424,9 @@ TEST_F(PrintJobTest, FailingFormulaLeavesThePageOnScreenAsItWas) {
     Design(1, Paper() + Field(QStringLiteral("a")));
     Data(1, 1, {QStringLiteral("a=x")});
     Data(2, 1, {QStringLiteral("a=x")});
-    m_document.memory.AppendFormulas(1, QStringLiteral("SETME(DIVIDE(1,0))"), QStringLiteral("a"));
+    m_document.memory.AppendFormulas(1, QStringLiteral("SETME(IF(ME,1,2))"), QStringLiteral("a"));
     m_document.DataPageNum = 2;
-    EXPECT_TRUE(FailureOf([&] { DoRealPrint(m_document); }));
+    EXPECT_EQ(FailureOf([&] { DoRealPrint(m_document); }), 13);
     EXPECT_EQ(m_document.DataPageNum, 2);
     EXPECT_EQ(m_document.InterruptedPage, 0);
     EXPECT_TRUE(m_ui.printerDialogs.empty());

@@ -4,18 +4,16 @@
 
 #include "document/document.h"
 #include "document/headless_page.h"
-#include "print/form_surfaces.h"
-#include "print/paper_table.h"
+#include "print/fonts.h"
+#include "print/picture_surface.h"
 #include "print/print_job.h"
 #include "support/test_application.h"
 
-#include <QDir>
 #include <QFile>
 #include <QImage>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdlib>
-#include <iostream>
 
 namespace sheetwright {
 
@@ -52,8 +50,8 @@ Difference Compare(const QImage& left, const QImage& right) {
 class SamplePages : public ApplicationTest, public ::testing::WithParamInterface<const char*> {
   protected:
     SamplePages() {
-        for (const QString& name : {QStringLiteral("papersizes.csv")})
-            QFile::copy(QStringLiteral(SHEETWRIGHT_SOURCE_DIR "/share/") + name, Path(name));
+        const QString table = QStringLiteral("papersizes.csv");
+        QFile::copy(QStringLiteral(SHEETWRIGHT_SOURCE_DIR "/share/") + table, Path(table));
         m_application->conventions = ConventionsOf(QLocale(QLocale::English, QLocale::UnitedKingdom));
         m_application->LoadPaperTable();
     }
@@ -66,8 +64,9 @@ class SamplePages : public ApplicationTest, public ::testing::WithParamInterface
 
     static void ExpectKept(const QImage& drawn, const QString& name) {
         const QString kept = QStringLiteral(SHEETWRIGHT_TEST_DATA "/pages/") + name;
-        if (qEnvironmentVariableIsSet("SHEETWRIGHT_KEEP_PAGES"))
-            ASSERT_TRUE(drawn.convertToFormat(QImage::Format_Indexed8).save(kept, "PNG"));
+        if (qEnvironmentVariableIsSet("SHEETWRIGHT_KEEP_PAGES")) {
+            ASSERT_TRUE(drawn.convertToFormat(QImage::Format_RGB888).save(kept, "PNG"));
+        }
         const QImage expected(kept);
         ASSERT_EQ(drawn.size(), expected.size()) << name.toStdString();
         const Difference difference = Compare(drawn, expected);
