@@ -33,7 +33,9 @@ struct FormDrawing {
 void PrintControl(FormDrawing& form, Device& device, QStringView kind,
                   const std::shared_ptr<PropertyBag>& bag);
 
-// Draw the value of a field or check box. Raise what a missing or bad property raises: 5, 6, 13, 380, 481.
+// Draw the value of a field or check box. Raise 5 for a missing property, 6 for a place past 16 bits, 380 for
+// a size that can't be, 11 for a picture in a box without height, 481 and 53 to 76 for a picture file that
+// can't be shown.
 void DrawField(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
 void DrawCheckBox(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
 

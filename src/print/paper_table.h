@@ -19,6 +19,7 @@ class Application;
 struct PaperExtent {
     std::int32_t width;  // twips
     std::int32_t height;
+    bool operator==(const PaperExtent&) const = default;
 };
 // The size of a paper in the table; none for a combination that it lacks, for sizes that are not above 0 or
 // past 32 bits, and in a table without the columns.

@@ -85,8 +85,14 @@ bool HoldsPixels(const QImage& image) {
 // Decoded pixels over nothing, so that what a file lacks at its end is transparent. Empty where the decoder
 // makes its own image.
 QImage Nothing(const QImageReader& reader, QSize size) {
-    QImage image(size, reader.imageFormat());
-    image.fill(0);
+    const QImage::Format format = reader.imageFormat();
+    QImage image(size, format);
+    if (image.isNull()) {
+        if (format != QImage::Format_Invalid) throw Failure(failure::kOutOfMemory);
+        return image;
+    }
+    // Not `fill`, which would make it opaque.
+    std::fill_n(image.bits(), image.sizeInBytes(), uchar{0});
     return image;
 }
 

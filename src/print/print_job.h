@@ -19,7 +19,8 @@ void DoRealPrint(frmSheetwright& document);
 
 // Draws data pages, both ends included, in rising order. Each page goes to the spooler as a document of its
 // own, so that orientation and paper can change from page to page. Until the first value has been looked up
-// failures are logged and the job goes on; from then on a failure inside a field or check box travels.
+// failures are logged and the job goes on; from then on a failure inside a field or check box travels. What
+// was drawn by then stays in the printer's open document.
 void PrintPages(frmSheetwright& document, Device& device, std::int16_t firstPage, std::int16_t lastPage);
 
 // Draws the fixed elements of a design and fills `PrintElements` with its fields and check boxes.

@@ -94,12 +94,11 @@ TEST(MetafilePicture, AWindowUpsideDownIsTurned) {
 
 TEST(MetafilePicture, ABitmapInItIsStretchedIntoItsPlace) {
     // Two by two pixels of 24 bits, the lower row first: red and green over blue and black.
-    const QByteArray bitmap = QByteArray::fromHex(
-        "2800000002000000020000000100180000000000000000000000000000000000000000000000000"
-        "0"
-        "ff000000000000000000ff00ff000000");
+    const QByteArray header = QByteArray::fromHex("280000000200000002000000") +
+                              QByteArray::fromHex("01001800") + QByteArray(24, '\0');
+    const QByteArray rows = QByteArray::fromHex("ff00000000000000") + QByteArray::fromHex("0000ff00ff000000");
     const QByteArray place = QByteArray::fromHex("2000cc0000000200020000000000e803d00700000000");
-    const Picture picture = MetafilePicture(Canvas().Bytes(0x0F43, place + bitmap).Plain());
+    const Picture picture = MetafilePicture(Canvas().Bytes(0x0F43, place + header + rows).Plain());
     EXPECT_EQ(ColourAt(picture, 100, 100), QColor(255, 0, 0));
     EXPECT_EQ(ColourAt(picture, 1900, 100), QColor(0, 255, 0));
     EXPECT_EQ(ColourAt(picture, 100, 900), QColor(0, 0, 255));
