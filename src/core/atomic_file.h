@@ -8,10 +8,14 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
 namespace sheetwright {
+
+// Behind the name of a file that is being written; what bears it is taken for the left-over of a crash.
+inline constexpr QStringView kUnfinishedSuffix = u".new";
 
 // A file that is created here and was not there before; closed on destruction.
 class NewFile {

@@ -16,6 +16,8 @@ struct Conventions {
     QString DateMask = QStringLiteral("D/M/C");
     QString DateSeparator = QStringLiteral("/");
     QChar DecimalSeparator = u'.';
+
+    bool operator==(const Conventions&) const = default;
 };
 
 // The words that stand for true and false in the language of the installation. A document takes its copy
@@ -23,6 +25,8 @@ struct Conventions {
 struct TruthWords {
     QString TrueWord = QStringLiteral("True");
     QString FalseWord = QStringLiteral("False");
+
+    bool operator==(const TruthWords&) const = default;
 };
 
 // Work out the short date order and the decimal separator of `conventions.locale`. A locale whose short date

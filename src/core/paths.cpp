@@ -111,7 +111,7 @@ QByteArray ReadWholeFile(const QString& stored) {
 }
 
 void WriteFileAtomically(const QString& stored, QByteArrayView bytes) {
-    AtomicFile file(stored, QStringLiteral(".new"));
+    AtomicFile file(stored, kUnfinishedSuffix.toString());
     file.Beside().Write(bytes);
     file.Beside().Flush();
     file.Replace();

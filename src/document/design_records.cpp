@@ -78,10 +78,4 @@ QString ShapeRecord::Shape() const {
     return {};
 }
 
-bool FieldRecord::PrintsAsText() const {
-    if (!Has(u"FieldType")) return true;
-    const double type = Number(u"FieldType");
-    return type == 0 || type == 2;
-}
-
 }  // namespace sheetwright

@@ -26,8 +26,8 @@ inline constexpr qsizetype kKindLength = 4;
 }
 
 // Whether a FIEL record is shown as a text box; any other is a picture field.
-[[nodiscard]] inline bool IsTextFieldType(QStringView fieldType) {
-    return fieldType == u"0" || fieldType == u"2";
+[[nodiscard]] constexpr bool IsTextFieldType(double fieldType) {
+    return fieldType == 0 || fieldType == 2;
 }
 
 // Positions and sizes in twips on the page.
@@ -171,9 +171,11 @@ class FieldRecord : public TextRecord {
     using TextRecord::TextRecord;
 
     [[nodiscard]] const QString& Name() const { return Text(u"Name"); }
-    // On paper a field without a type is a text.
-    [[nodiscard]] bool PrintsAsText() const;
-    [[nodiscard]] bool ShowsText() const { return IsTextFieldType(TextOr(u"FieldType", {})); }
+    // On paper a field without a type is a text, on screen it is a picture.
+    [[nodiscard]] bool PrintsAsText() const { return !Has(u"FieldType") || ShowsText(); }
+    [[nodiscard]] bool ShowsText() const {
+        return Has(u"FieldType") && IsTextFieldType(Number(u"FieldType"));
+    }
     [[nodiscard]] bool WordWrap() const { return Boolean(u"WordWrap"); }
     [[nodiscard]] std::int16_t Alignment() const { return Int16(u"Alignment"); }
     [[nodiscard]] bool ReadOnly() const { return Boolean(u"ReadOnly"); }

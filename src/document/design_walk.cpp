@@ -41,6 +41,15 @@ void DesignWalk::Rewind() {
             bag.keys->Remove(bag.keys->Count());
 }
 
+bool DesignWalk::BringsKey(QStringView key) const {
+    return std::ranges::any_of(m_bags, [&](const Bag& bag) {
+        const auto& entries = bag.keys->Entries();
+        return std::any_of(entries.begin(), entries.begin() + bag.count, [&](const auto& entry) {
+            return entry.key.compare(key, Qt::CaseInsensitive) == 0;
+        });
+    });
+}
+
 void DesignWalk::Take(const DesignLine& line, int number) {
     switch (line.type) {
         case DesignLine::Type::Empty:

@@ -50,6 +50,9 @@ class DesignWalk {
     // Takes out of every bag what was added to it since: a walk begins with bags as if they were new.
     void Rewind();
 
+    // Whether any record has a key of that name in its lines.
+    [[nodiscard]] bool BringsKey(QStringView key) const;
+
   private:
     struct Bag {
         std::shared_ptr<PropertyBag> keys = std::make_shared<PropertyBag>();

@@ -4,6 +4,7 @@
 #include "core/folders.h"
 #include "document/form_archive.h"
 #include "document/form_reader.h"
+#include "print/design_cache.h"
 #include "print/fonts.h"
 #include "print/form_surfaces.h"
 #include "print/stationery.h"
@@ -13,7 +14,9 @@
 namespace sheetwright {
 
 frmSheetwright::frmSheetwright(Application& owner)
-    : application(owner), surfaces(std::make_unique<FormSurfaces>(FontsOf(owner))) {
+    : application(owner),
+      surfaces(std::make_unique<FormSurfaces>(FontsOf(owner))),
+      designCache(std::make_unique<DesignCache>()) {
     // A form that was printed on stationery before must not shift this one.
     application.printing.PrintXAdjust = 0;
     application.printing.PrintYAdjust = 0;

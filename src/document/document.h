@@ -21,6 +21,7 @@
 namespace sheetwright {
 
 class Application;
+class DesignCache;
 class PrePrinted;
 struct FormSurfaces;
 
@@ -72,6 +73,8 @@ class frmSheetwright {
     KeyedCollection<std::shared_ptr<PropertyBag>> PrintElements;
     std::vector<std::shared_ptr<PropertyBag>> PrintFields;
     std::vector<std::shared_ptr<PropertyBag>> PrintChecks;
+    std::uint64_t PrintFillings = 0;           // how often they were filled anew
+    std::unique_ptr<DesignCache> designCache;  // of the print jobs
 
     // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so
     // that a pass over all pages runs with no page on screen.

@@ -185,7 +185,7 @@ qint64 BytesOf(const std::vector<FileToPack>& files) {
 
 void StoreForm(const QString& path, const QString& source, QString& current) {
     const std::vector<FileToPack> files = FilesOf(source);
-    AtomicFile output(path, QStringLiteral(" 2"));
+    AtomicFile output(path, kUnfinishedFormSuffix.toString());
     WriteZip(output.Beside(), files, Packing::Deflated);
     // What packs this well would be refused on reading: a large picture of one colour, for instance.
     if (IsTooDense(BytesOf(files), QFileInfo(output.BesidePath()).size()))

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 namespace sheetwright {
 
@@ -21,6 +22,9 @@ inline constexpr qint64 kRatio = 800;
 inline constexpr qint64 kRatioFloor = 1024 * 1024;
 inline constexpr int kNameLength = 255;  // bytes of a member's name
 }  // namespace archive_limits
+
+// Behind the name of a form that is being saved.
+inline constexpr QStringView kUnfinishedFormSuffix = u" 2";
 
 // Unpacks the form at `path` into `destination` (a folder, with trailing separator). A plain text form, one
 // whose first line begins with "VERSION", is copied. Failures of the archive show "Error code %1", are logged

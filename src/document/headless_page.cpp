@@ -1,6 +1,8 @@
 #include "document/headless_page.h"
 
+#include "core/application.h"
 #include "core/failure.h"
+#include "document/design_records.h"
 #include "document/design_walk.h"
 #include "document/document.h"
 
@@ -16,8 +18,7 @@ void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
         return;
     }
     if (kind != u"FIEL") return;
-    const QString* const type = record.Find(u"FieldType");
-    const bool isTextField = type != nullptr && IsTextFieldType(*type);
+    const bool isTextField = FieldRecord(document.application, record).ShowsText();
     auto& records = isTextField ? document.FieldProperties : document.BitmapProperties;
     records.push_back(std::move(record));
 }

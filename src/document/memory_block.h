@@ -48,6 +48,9 @@ class MemoryBlock {
     void AppendFormDesign(std::int16_t page, QStringView line, const QString& text = QString());
     void AppendFormData(std::int16_t page, QStringView line, const QString& text = QString());
 
+    // Changes with every change of a design line: what was made of them before is out of date then.
+    [[nodiscard]] std::uint64_t DesignRevision() const { return m_designRevision; }
+
     void ReplaceDesignLine(int page, int position, QString line);
     void ReplaceDataLine(int page, int position, QString line);
     void AppendDataLine(int page, QString line);  // line breaks of any kind become CR LF
@@ -85,6 +88,7 @@ class MemoryBlock {
 
     std::shared_ptr<PageLayoutPool> m_layouts;
     std::vector<PageLines> m_designPages;
+    std::uint64_t m_designRevision = 1;
     std::vector<PageLines> m_dataPages;
     std::vector<KeyedCollection<QString>> m_formulas{1};
     mutable std::optional<DesignIndex> m_designs;  // none until asked for

@@ -31,7 +31,8 @@ constexpr double kInt16 = 32767;
 constexpr double kLowestColour = -2147483648.0;
 constexpr double kHighestColour = 4294967295.0;
 constexpr double kTwips = 2147483647;
-constexpr double kSmallestFont = 0.1;
+constexpr double kSmallestFont = 0.1;  // points
+constexpr double kLargestFont = 2160;
 
 // Keys distinguish capitals, all but this one.
 constexpr QStringView kAnyCapitals = u"ReadOnly";
@@ -64,7 +65,7 @@ constexpr KeyRule kExtent[] = {
     Optional(Boolean(u"Printable")),
 };
 constexpr KeyRule kFont[] = {
-    FilledText(u"FontName"),    {u"FontSize", Form::Number, true, kSmallestFont, kInt16},
+    FilledText(u"FontName"),    {u"FontSize", Form::Number, true, kSmallestFont, kLargestFont},
     Boolean(u"FontBold"),       Boolean(u"FontItalic"),
     Boolean(u"FontStrikethru"), Boolean(u"FontUnderline"),
     Colour(u"ForeColor"),
@@ -215,7 +216,8 @@ void CheckKeys(QStringView kind, const std::vector<KeyLine>& keys, const TruthWo
             CheckGroup(group, values, words, report);
     }
     const auto fieldType = values.find(QStringView(u"FieldType"));
-    if (kind == u"FIEL" && fieldType != values.end() && IsTextFieldType(fieldType->second))
+    if (kind == u"FIEL" && fieldType != values.end() &&
+        IsTextFieldType(FormNumber(fieldType->second).value_or(0)))
         CheckGroup(kTextField, values, words, report);
 }
 

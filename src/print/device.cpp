@@ -17,7 +17,6 @@ constexpr std::int16_t kSolidFill = 0;
 }  // namespace
 
 void Measurer::SetFontName(const QString& family) {
-    if (!m_metrics.HasFamily(family)) throw Failure(failure::kInvalidProperty);
     m_font.family = family;
 }
 
@@ -28,6 +27,12 @@ void Measurer::SetFontSize(double points) {
 
 double Measurer::TextHeight(QStringView text) const {
     return m_metrics.LineHeight(m_font) * static_cast<double>(text.count(u"\r\n") + 1);
+}
+
+void Device::SetFontName(const QString& family) {
+    if (family == Font().family) return;
+    if (!Metrics().HasFamily(family)) throw Failure(failure::kInvalidProperty);
+    Measurer::SetFontName(family);
 }
 
 void Device::SetWidth(double) {

@@ -28,7 +28,7 @@ class Measurer {
     // What the surface really has: a name or size may come out other than it was asked for.
     [[nodiscard]] virtual QString FontName() const { return m_font.family; }
     [[nodiscard]] virtual double FontSize() const { return m_font.size; }
-    // Raises 380 for a family that can't be had; the old one stays.
+    // A family that can't be had is measured as what stands in for it.
     virtual void SetFontName(const QString& family);
     // In points. Raises 380 unless above 0 and at most 2160; the old size stays.
     virtual void SetFontSize(double points);
@@ -63,6 +63,9 @@ class Measurer {
 class Device : public Measurer {
   public:
     using Measurer::Measurer;
+
+    // Raises 380 for a family that can't be had; the old one stays.
+    void SetFontName(const QString& family) override;
 
     // Of the page. Setting raises 380 on a surface whose size is the paper's, and for sizes below 0.
     [[nodiscard]] virtual double Width() const = 0;

@@ -5,11 +5,16 @@
 
 #include "core/keyed_collection.h"
 #include "document/design_records.h"
+#include "print/font_spec.h"
+#include "print/recording.h"
+#include "print/text_box.h"
 
 #include <QString>
 #include <QStringView>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace sheetwright {
 
@@ -32,6 +37,19 @@ struct FormDrawing {
 // next step goes on: one bad property costs at most one step.
 void PrintControl(FormDrawing& form, Device& device, QStringView kind,
                   const std::shared_ptr<PropertyBag>& bag);
+
+// What drawing a field's text needs of its record, read once for all pages of a job.
+struct FieldLook {
+    double borderStyle = 0;
+    Extent place;
+    std::int16_t alignment = 0;
+    FontSpec font;
+    Colour colour = 0;
+    TextBox box;
+};
+// None for a picture field, and when anything is missing or bad: then drawing must fail where it comes to it.
+[[nodiscard]] std::optional<FieldLook> LookOf(const Application& application, const PropertyBag& bag);
+void DrawField(FormDrawing& form, Device& device, const FieldLook& look, const QString& value);
 
 // Draw the value of a field or check box. Raise 5 for a missing property, 6 for a place past 16 bits, 380 for
 // a size that can't be, 11 for a picture in a box without height, 481 and 53 to 76 for a picture file that

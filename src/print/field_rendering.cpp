@@ -37,7 +37,37 @@ constexpr Mark kMarks[] = {
     {3, u"?", u"Courier New", -15, -90},
 };
 
-void DrawBorder(const PrintState& state, Device& device, const FieldRecord& field) {
+// Reads a record when it is asked, so that each value fails where its bad key stands in the order of drawing.
+class LazyLook {
+  public:
+    explicit LazyLook(const FieldRecord& field) : m_field(field) {}
+    [[nodiscard]] double BorderStyle() const { return m_field.BorderStyle(); }
+    [[nodiscard]] Extent Place() const { return m_field.Place(); }
+    [[nodiscard]] std::int16_t Alignment() const { return m_field.Alignment(); }
+    [[nodiscard]] FontSpec Font() const { return PaintedFont(m_field); }
+    [[nodiscard]] Colour ForeColor() const { return m_field.ForeColor(); }
+    [[nodiscard]] TextBox Box() const { return TextBoxOf(m_field); }
+
+  private:
+    const FieldRecord& m_field;
+};
+
+class KnownLook {
+  public:
+    explicit KnownLook(const FieldLook& look) : m_look(look) {}
+    [[nodiscard]] double BorderStyle() const { return m_look.borderStyle; }
+    [[nodiscard]] const Extent& Place() const { return m_look.place; }
+    [[nodiscard]] std::int16_t Alignment() const { return m_look.alignment; }
+    [[nodiscard]] const FontSpec& Font() const { return m_look.font; }
+    [[nodiscard]] Colour ForeColor() const { return m_look.colour; }
+    [[nodiscard]] TextBox Box() const { return m_look.box; }
+
+  private:
+    const FieldLook& m_look;
+};
+
+template <typename Look>
+void DrawBorder(const PrintState& state, Device& device, const Look& field) {
     const double style = field.BorderStyle();
     if (style != 1 && style != 2) return;
     SetFramePen(state, device, Unguarded());
@@ -48,11 +78,12 @@ void DrawBorder(const PrintState& state, Device& device, const FieldRecord& fiel
              Colour{0}, u"B");
 }
 
-void DrawText(FormDrawing& form, Device& device, const FieldRecord& field, const QString& value) {
+template <typename Look>
+void DrawText(FormDrawing& form, Device& device, const Look& field, const QString& value) {
     form.application.printing.AlignmentMode = field.Alignment();
-    const FontSpec font = PaintedFont(field);
-    DrawTextBox(form.application, device, form.surfaces.picContainer, value, font, field.ForeColor(),
-                TextBoxOf(field));
+    const FontSpec& font = field.Font();
+    const Colour colour = field.ForeColor();
+    DrawTextBox(form.application, device, form.surfaces.picContainer, value, font, colour, field.Box());
 }
 
 struct Size {
@@ -130,12 +161,32 @@ void DrawCaption(FormDrawing& form, Device& device, const CheckRecord& check, do
 
 }  // namespace
 
+std::optional<FieldLook> LookOf(const Application& application, const PropertyBag& bag) {
+    const FieldRecord field(application, bag);
+    std::optional<FieldLook> look;
+    Ignoring([&] {
+        if (field.PrintsAsText())
+            look = FieldLook{field.BorderStyle(), field.Place(),     field.Alignment(),
+                             PaintedFont(field),  field.ForeColor(), TextBoxOf(field)};
+    });
+    return look;
+}
+
+void DrawField(FormDrawing& form, Device& device, const FieldLook& look, const QString& value) {
+    const KnownLook known(look);
+    device.SetDrawWidth(1);
+    DrawBorder(form.application.printing, device, known);
+    DrawText(form, device, known, value);
+    form.application.printing.AlignmentMode = 0;
+}
+
 void DrawField(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value) {
     const FieldRecord field(form.application, bag);
+    const LazyLook look(field);
     device.SetDrawWidth(1);
-    DrawBorder(form.application.printing, device, field);
+    DrawBorder(form.application.printing, device, look);
     if (field.PrintsAsText()) {
-        DrawText(form, device, field, value);
+        DrawText(form, device, look, value);
     } else {
         DrawPicture(form, device, field, value);
     }

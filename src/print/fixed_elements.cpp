@@ -56,6 +56,17 @@ Corners CornersOf(const PrintState& state, const RecordView& record) {
             place.top + place.height - state.ScreenTwipsPerPixelY};
 }
 
+// Each coordinate is a statement of its own: one that fails is 0.
+Corners EndsOf(const ElementDrawing& element, const LineRecord& record) {
+    const PrintState& state = element.State();
+    Corners line;
+    element.Step([&] { line.x1 = record.AbsLeft(); });
+    element.Step([&] { line.x2 = record.AbsLeft() + record.Width() - state.ScreenTwipsPerPixelX; });
+    element.Step([&] { line.y1 = record.AbsTop(); });
+    element.Step([&] { line.y2 = record.AbsTop() + record.Height() - state.ScreenTwipsPerPixelY; });
+    return line;
+}
+
 Corners Straightened(Corners line) {
     if (std::abs(line.x2 - line.x1) <= kNearlyStraight) line.x2 = line.x1;
     if (std::abs(line.y2 - line.y1) <= kNearlyStraight) line.y2 = line.y1;
@@ -105,8 +116,7 @@ void DrawLineElement(const ElementDrawing& element) {
     const PrintState& state = element.State();
     const auto record = element.As<LineRecord>();
     SetLinePen(element, record);
-    Corners line;
-    element.Step([&] { line = Straightened(CornersOf(state, record)); });
+    const Corners line = Straightened(EndsOf(element, record));
     QString direction;
     element.Step([&] { direction = record.Direction(); });
     if (direction == u"0") {

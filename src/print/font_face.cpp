@@ -7,14 +7,15 @@ namespace sheetwright {
 namespace {
 
 constexpr qsizetype kLongestRun = 256;
+constexpr qsizetype kFirstMeasured = 32;  // units of a run
 constexpr std::size_t kMostSizes = 64;
 
 // In pixels: the least letter spacing there is. Texts that are spaced get no ligatures.
 constexpr double kNoLigatures = 1.0 / 64;
 
-// From the top of a line of signs to their baseline, for a size of 1. Signs of a real symbol font stand higher
-// than their namesakes in a font for text; here the tick stands in the middle of a check box, on paper as on a
-// screen with a printer installed, where texts stand 45 twips higher.
+// From the top of a line of signs to their baseline, for a size of 1. Signs of a real symbol font stand
+// higher than their namesakes in a font for text; here the tick stands in the middle of a check box, on paper
+// as on a screen with a printer installed, where texts stand 45 twips higher.
 constexpr double kSymbolAscent = 0.75;
 
 QFont ReferenceFont(const QStringList& families, bool bold, bool italic) {
@@ -131,15 +132,25 @@ double FontFace::Width(QStringView text) const {
     return width;
 }
 
-qsizetype FontFace::FittingInRun(QStringView run, double before, double scale, double width) const {
+// Measured from the front on: of a long run mostly a few characters fill the line.
+FontFace::RunPart FontFace::FittingInRun(QStringView run, double before, double scale, double width) const {
+    const auto fit = [&](double runWidth) { return (before + runWidth) * scale <= width; };
     qsizetype fits = 0;
-    qsizetype tooLong = run.size();
-    while (tooLong - fits > 1) {
-        const qsizetype middle = fits + (tooLong - fits) / 2;
-        const bool fit = (before + RunWidth(run.first(middle))) * scale <= width;
-        (fit ? fits : tooLong) = middle;
+    qsizetype tooLong = run.size() + 1;
+    for (qsizetype end = kFirstMeasured; tooLong > run.size(); end *= 2) {
+        const qsizetype measured = end < run.size() ? BetweenCharacters(run, end) : run.size();
+        const double used = RunWidth(run.first(measured));
+        if (fit(used) && measured == run.size()) return {measured, used};
+        (fit(used) ? fits : tooLong) = measured;
     }
-    return BetweenCharacters(run, fits);
+    while (tooLong - fits > 1) {
+        // Half a pair is never measured: it may be wider than both halves.
+        qsizetype middle = BetweenCharacters(run, fits + (tooLong - fits) / 2);
+        if (middle == fits) middle += 2;
+        if (middle >= tooLong) break;
+        (fit(RunWidth(run.first(middle))) ? fits : tooLong) = middle;
+    }
+    return {fits, 0};
 }
 
 qsizetype FontFace::Fitting(QStringView text, double scale, double width) const {
@@ -147,11 +158,13 @@ qsizetype FontFace::Fitting(QStringView text, double scale, double width) const 
     qsizetype i = 0;
     while (i < text.size()) {
         const float advance = CharacterOf(text[i].unicode()).advance;
-        const qsizetype end = advance >= 0 ? i + 1 : RunEnd(text, i);
-        const QStringView run = text.sliced(i, end - i);
-        const double after = used + (advance >= 0 ? static_cast<double>(advance) : RunWidth(run));
-        if (!(after * scale <= width)) {
-            return used * scale <= width ? i + FittingInRun(run, used, scale, width) : 0;
+        const bool isRun = advance < 0;
+        const qsizetype end = isRun ? RunEnd(text, i) : i + 1;
+        const RunPart part = isRun ? FittingInRun(text.sliced(i, end - i), used, scale, width)
+                                   : RunPart{1, static_cast<double>(advance)};
+        const double after = used + part.width;
+        if (i + part.size < end || !(after * scale <= width)) {
+            return used * scale <= width ? i + (isRun ? part.size : 0) : 0;
         }
         used = after;
         i = end;

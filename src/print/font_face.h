@@ -54,6 +54,10 @@ class FontFace {
         std::uint32_t glyph;  // 0: not in this face
     };
     using CharacterPage = std::array<Character, 256>;
+    struct RunPart {
+        qsizetype size;  // in units from the front
+        double width;    // only where that is the whole run
+    };
     static constexpr float kNeedsRun = -1;
     static constexpr float kUnknown = -2;
 
@@ -65,7 +69,7 @@ class FontFace {
     const Character& Load(char16_t unit) const;
     [[nodiscard]] Character Measured(char16_t unit) const;
     [[nodiscard]] qsizetype RunEnd(QStringView text, qsizetype start) const;
-    [[nodiscard]] qsizetype FittingInRun(QStringView run, double before, double scale, double width) const;
+    [[nodiscard]] RunPart FittingInRun(QStringView run, double before, double scale, double width) const;
     [[nodiscard]] double RunWidth(QStringView run) const;
     [[nodiscard]] const QRawFont& Sized(double pixels) const;
 

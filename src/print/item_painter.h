@@ -26,9 +26,12 @@ class ItemPainter {
     ItemPainter& operator=(const ItemPainter&) = delete;
     ~ItemPainter();
 
-    // Numbers that are not finite draw nothing. Pictures within pictures are drawn four deep.
+    // Numbers that are not finite draw nothing. Pictures within pictures are drawn four deep. A line may be
+    // held back until it is known whether it begins a frame.
     void Paint(const DrawnItem& item);
     void Paint(const Recording& recording);
+    // Draws what is held back: to be called at the end of each page.
+    void Flush();
 
   private:
     struct State;

@@ -87,7 +87,7 @@ QPageLayout LayoutOf(PaperExtent extent) {
 
 struct PdfPrinter::Job {
     Job(Application& owner, const QString& path)
-        : application(owner), file(path, QStringLiteral(".new")), device(file.Beside()), writer(&device) {}
+        : application(owner), file(path, kUnfinishedSuffix.toString()), device(file.Beside()), writer(&device) {}
 
     void BeginPage();
     void Close();
@@ -121,6 +121,7 @@ void PdfPrinter::Job::BeginPage() {
 void PdfPrinter::Job::Close() {
     isPageOpen = false;
     isComplete = true;
+    if (items) items->Flush();
     items.reset();
     if (painter.isActive() && !painter.end()) throw Failure(failure::kDeviceError);
     device.Flush();
@@ -161,6 +162,7 @@ double PdfPrinter::Height() const {
 }
 
 void PdfPrinter::EndDoc() {
+    if (m_job->items) m_job->items->Flush();
     m_job->isPageOpen = false;
 }
 

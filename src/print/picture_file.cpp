@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <numeric>
 
 namespace sheetwright {
@@ -96,7 +97,31 @@ QImage Nothing(const QImageReader& reader, QSize size) {
     return image;
 }
 
+// The PNG library writes its errors to the standard error stream by itself. What is wrong with a picture is
+// told by whoever wanted it.
+class LibraryRemarksOff {
+  public:
+    LibraryRemarksOff() {
+#ifdef __GLIBC__  // elsewhere the stream can't be exchanged
+        if (m_nowhere != nullptr) stderr = m_nowhere;
+#endif
+    }
+    LibraryRemarksOff(const LibraryRemarksOff&) = delete;
+    LibraryRemarksOff& operator=(const LibraryRemarksOff&) = delete;
+    ~LibraryRemarksOff() {
+#ifdef __GLIBC__
+        stderr = m_stream;
+#endif
+        if (m_nowhere != nullptr) std::fclose(m_nowhere);
+    }
+
+  private:
+    std::FILE* m_stream = stderr;
+    std::FILE* m_nowhere = std::fopen("/dev/null", "w");
+};
+
 QImage Decoded(QImageReader& reader) {
+    const LibraryRemarksOff remarksOff;
     const QSize size = reader.size();
     RequireReasonable(size);
     const auto allowance = AllowPixels(PixelsOf(size));

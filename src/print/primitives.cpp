@@ -27,6 +27,11 @@ struct ShapeFrame {
     std::int32_t height;
 };
 
+// The place itself is whole twips, too, before it is moved.
+std::int32_t Adjusted(double twips, float adjust) {
+    return ToInt32(ToInt32(twips) + static_cast<double>(adjust));
+}
+
 std::int32_t Distance(std::int32_t from, std::int32_t to) {
     return ToInt32(std::abs(static_cast<double>(to) - from));
 }
@@ -100,8 +105,8 @@ float DriverAdjust(const Application& application, const Device& device, const Q
 
 void DrawLine(const PrintState& state, Device& device, double x1, double y1, double x2, double y2,
               std::optional<Colour> colour, QStringView mode) {
-    device.Line(ToInt32(x1 + state.PrintXAdjust), ToInt32(y1 + state.PrintYAdjust),
-                ToInt32(x2 + state.PrintXAdjust), ToInt32(y2 + state.PrintYAdjust),
+    device.Line(Adjusted(x1, state.PrintXAdjust), Adjusted(y1, state.PrintYAdjust),
+                Adjusted(x2, state.PrintXAdjust), Adjusted(y2, state.PrintYAdjust),
                 colour.value_or(device.ForeColor()), mode);
 }
 

@@ -17,7 +17,7 @@ class PictureSurface;
 struct PrintState;
 
 // `colour` none: the device's `ForeColor`. `mode` exactly "B" a box, "BF" a filled box, any other a line.
-// Coordinates are rounded to 32 bits; raises 6 beyond.
+// Coordinates are rounded to 32 bits before and after they are adjusted; raises 6 beyond.
 void DrawLine(const PrintState& state, Device& device, double x1, double y1, double x2, double y2,
               std::optional<Colour> colour, QStringView mode = {});
 

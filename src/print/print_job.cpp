@@ -9,12 +9,16 @@
 #include "document/document.h"
 #include "formula/recalculation.h"
 #include "formula/value_conversion.h"
+#include "print/design_cache.h"
 #include "print/device.h"
 #include "print/element_rendering.h"
 #include "print/primitives.h"
+#include "print/print_state.h"
 #include "print/stationery.h"
+#include "print/text_box.h"
 
-#include <map>
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace sheetwright {
@@ -59,6 +63,27 @@ class FailureLog {
     bool m_isOn = true;
 };
 
+// Whether a step draws nothing and only keeps a field or check box for its value.
+bool IsKept(const DesignStep& step) {
+    return step.action == DesignStep::Action::Close && (step.kind == u"FIEL" || step.kind == u"CHEC");
+}
+
+// The label printing offsets of a job are those that hold when it begins.
+class JobOffsets {
+  public:
+    explicit JobOffsets(Application& application)
+        : m_state(application.printing), m_before(m_state.labelOffsets) {
+        if (InstalledPrinter(m_state) != nullptr) m_state.labelOffsets = ReadLabelOffsets(application);
+    }
+    JobOffsets(const JobOffsets&) = delete;
+    JobOffsets& operator=(const JobOffsets&) = delete;
+    ~JobOffsets() { m_state.labelOffsets = m_before; }
+
+  private:
+    PrintState& m_state;
+    std::optional<LabelOffsets> m_before;
+};
+
 class PrintJob {
   public:
     PrintJob(frmSheetwright& document, Device& device)
@@ -67,7 +92,8 @@ class PrintJob {
           m_formFolder(GetFolder(document.Tag)),
           m_form{document.application, *document.surfaces, document.PrintElements, document.MyTempDir,
                  m_formFolder},
-          m_log(document.application, QStringLiteral("PrintPages")) {}
+          m_log(document.application, QStringLiteral("PrintPages")),
+          m_cache(*document.designCache, m_ownCache, document.application, document.memory) {}
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
@@ -81,7 +107,10 @@ class PrintJob {
     void PrintLine();
     void PrintValue(QStringView line);
 
-    DesignWalk& WalkOf(std::int16_t design);
+    using Design = DesignCache::Design;
+    void Walk(Design& design, FailureLog& log);
+    void Repeat(const Design& design, FailureLog& log);
+    [[nodiscard]] bool IsRepeatable(const DesignWalk& walk) const;
     void TakeStep(const DesignStep& step, FailureLog& log);
     void BeginPage(const std::shared_ptr<PropertyBag>& bag, FailureLog& log);
     void AdjustToStationery(const QString& stationery, FailureLog& log);
@@ -91,11 +120,13 @@ class PrintJob {
     const QString m_formFolder;
     FormDrawing m_form;
     FailureLog m_log;
-    std::map<std::int16_t, DesignWalk> m_designs;  // many pages have one design: each is cut once
+    DesignCache m_ownCache;
+    DesignCache::Use m_cache;
 };
 
 void PrintJob::PrintPages(int firstPage, int lastPage) {
     const HourglassPointer hourglass(m_document.application.ui);
+    const JobOffsets offsets(m_document.application);
     for (int page = firstPage; page <= lastPage; ++page) {
         m_log.page = page;
         if (page > m_document.memory.DataPageCount()) AddMissingPage();
@@ -147,34 +178,64 @@ void PrintJob::PrintValue(QStringView line) {
     const QString* const key = bag->Find(u"Key");
     if (key == nullptr) return;
     const QString value = ValueOf(line).toString();
-    if (*key == u"F") {
-        DrawField(m_form, m_device, *bag, value);
+    if (*key != u"F") return DrawCheckBox(m_form, m_device, *bag, value);
+    const std::optional<FieldLook>& look =
+        m_cache->LookOf(m_document.application, *bag, m_document.PrintFillings);
+    if (look) {
+        DrawField(m_form, m_device, *look, value);
     } else {
-        DrawCheckBox(m_form, m_device, *bag, value);
+        DrawField(m_form, m_device, *bag, value);
     }
 }
 
 void PrintJob::PrintDesign(std::int16_t number) {
-    m_document.PrintFields.clear();
-    m_document.PrintChecks.clear();
-    m_document.PrintElements.Clear();
     FailureLog log(m_document.application, QStringLiteral("PrintDesignPage"));
     log.page = number;
     log.line = 1;
-    DesignWalk* walk = nullptr;
-    log.Run([&] { walk = &WalkOf(number); });
-    if (walk == nullptr) return;
-    walk->Rewind();
-    for (const DesignStep& step : walk->Steps()) {
+    Design* design = nullptr;
+    log.Run([&] { design = &m_cache->DesignOf(m_document.memory, number); });
+    const bool isStillThere = design != nullptr && design == m_cache->lastDesign &&
+                              m_cache->lastFilling == m_document.PrintFillings && design->isRepeatable;
+    if (isStillThere) return Repeat(*design, log);
+
+    m_document.PrintFields.clear();
+    m_document.PrintChecks.clear();
+    m_document.PrintElements.Clear();
+    m_cache->lastFilling = ++m_document.PrintFillings;
+    m_cache->lastDesign = nullptr;
+    if (design == nullptr) return;
+    Walk(*design, log);
+    design->isRepeatable = IsRepeatable(design->walk);
+    m_cache->lastDesign = design;
+}
+
+void PrintJob::Walk(Design& design, FailureLog& log) {
+    design.walk.Rewind();
+    for (const DesignStep& step : design.walk.Steps()) {
         log.line = step.line;
         log.Run([&] { TakeStep(step, log); });
     }
 }
 
-DesignWalk& PrintJob::WalkOf(std::int16_t design) {
-    const auto known = m_designs.find(design);
-    if (known != m_designs.end()) return known->second;
-    return m_designs.emplace(design, DesignWalk(m_document.memory.DesignPage(design))).first->second;
+// Fields and check boxes are still there from the page before: only what draws is done again.
+void PrintJob::Repeat(const Design& design, FailureLog& log) {
+    for (const DesignStep& step : design.walk.Steps()) {
+        if (step.action == DesignStep::Action::Open || IsKept(step)) continue;
+        log.line = step.line;
+        log.Run([&] { TakeStep(step, log); });
+    }
+}
+
+// Not when anything failed that must be logged for each page.
+bool PrintJob::IsRepeatable(const DesignWalk& walk) const {
+    if (walk.BringsKey(u"Key")) return false;
+    const bool hasFailed = std::ranges::any_of(walk.Steps(), [](const DesignStep& step) {
+        return step.action == DesignStep::Action::EqualKey || step.action == DesignStep::Action::LateKey;
+    });
+    const auto toKeep = std::ranges::count_if(walk.Steps(), [&](const DesignStep& step) {
+        return IsKept(step) && RecordView(m_document.application, *step.bag).IsPrintable();
+    });
+    return !hasFailed && toKeep == m_document.PrintElements.Count();
 }
 
 void PrintJob::TakeStep(const DesignStep& step, FailureLog& log) {
@@ -213,13 +274,11 @@ void PrintJob::AdjustToStationery(const QString& stationery, FailureLog& log) {
                       ToNumber(StationeryField(stationery, kStationeryY), conventions));
 }
 
-// False when the person cancelled.
+// False when the person cancelled. The printer follows the system's either way.
 bool AskForPages(Application& application, PrinterDialog& dialog) {
-    const std::optional<Failure> caught = Ignoring([&] {
-        application.ui.ShowPrinter(dialog);
-        application.printing.printers->FollowDefault();
-    });
-    return !caught;
+    const bool isCancelled = Ignoring([&] { application.ui.ShowPrinter(dialog); }).has_value();
+    const bool isLost = Ignoring([&] { application.printing.printers->FollowDefault(); }).has_value();
+    return !isCancelled && !isLost;
 }
 
 }  // namespace
@@ -238,7 +297,8 @@ void DoRealPrint(frmSheetwright& document) {
         RecoverFromFailedPass(document);
         throw;
     }
-    if (InstalledPrinter(application.printing) == nullptr) throw Failure(failure::kPrinterError);
+    // A printer may have been installed since: with a spooler, only the dialog knows.
+    if (application.printing.printers == nullptr) throw Failure(failure::kPrinterError);
 
     PrinterDialog dialog;
     dialog.maximumPage = document.Pages;

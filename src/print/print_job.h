@@ -14,7 +14,7 @@ class frmSheetwright;
 void mnuFilePrint_Click(frmSheetwright& document);
 
 // Recalculates the form, asks for the pages, prints them. Cancelling the dialog prints nothing, silently.
-// Raises what recalculating and PrintPages raise.
+// Raises what recalculating and PrintPages raise, and 482 when there is no printer to print on.
 void DoRealPrint(frmSheetwright& document);
 
 // Draws data pages, both ends included, in rising order. Each page goes to the spooler as a document of its

@@ -4,11 +4,18 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace sheetwright {
 
 class Fonts;
 class Printers;
+
+// The label printing offsets, in twips: they act on texts on a printer alone.
+struct LabelOffsets {
+    double x = 0;
+    double y = 0;
+};
 
 struct PrintState {
     std::int16_t AlignmentMode = 0;  // of the next text box: 1 right, 2 centre, anything else left
@@ -16,6 +23,9 @@ struct PrintState {
     // them back at the end of a job.
     float PrintXAdjust = 0;
     float PrintYAdjust = 0;
+
+    // As they were when the job began that is running; none outside a job.
+    std::optional<LabelOffsets> labelOffsets;
 
     // The virtual screen on which all layout is made, whatever the real monitor: 96 dots per inch.
     double ScreenTwipsPerPixelX = 15;

@@ -28,7 +28,7 @@ struct TextStart {
     std::int16_t top;
 };
 
-double LabelOffset(const Application& application, const QString& key) {
+double ReadOffset(const Application& application, const QString& key) {
     const QString text =
         application.settings.Read(application.Title, QStringLiteral("frmPrefs"), key, QStringLiteral("0"));
     return ToNumber(text, application.conventions);
@@ -39,9 +39,9 @@ TextStart StartOf(const Application& application, const Device& device, TextBox 
     TextStart start{ToInt16(box.left + state.ScreenTwipsPerPixelX * kPixelsBefore),
                     ToInt16(box.top + state.ScreenTwipsPerPixelY * kPixelsAbove)};
     if (!IsPrinter(state, device)) return start;
-    start.top = ToInt16(start.top + LabelOffset(application, QStringLiteral("YOffset")) + state.PrintYAdjust);
-    start.left =
-        ToInt16(start.left + LabelOffset(application, QStringLiteral("XOffset")) + state.PrintXAdjust);
+    const LabelOffsets offsets = state.labelOffsets ? *state.labelOffsets : ReadLabelOffsets(application);
+    start.top = ToInt16(start.top + offsets.y + state.PrintYAdjust);
+    start.left = ToInt16(start.left + offsets.x + state.PrintXAdjust);
     return start;
 }
 
@@ -150,6 +150,11 @@ class LinePrinter {
 };
 
 }  // namespace
+
+LabelOffsets ReadLabelOffsets(const Application& application) {
+    return {ReadOffset(application, QStringLiteral("XOffset")),
+            ReadOffset(application, QStringLiteral("YOffset"))};
+}
 
 void DrawTextBox(Application& application, Device& device, Measurer& measurer, const QString& text,
                  const FontSpec& font, Colour colour, TextBox box) {

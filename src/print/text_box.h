@@ -16,6 +16,7 @@ class Application;
 class Device;
 class Measurer;
 struct FontSpec;
+struct LabelOffsets;
 struct PrintState;
 
 struct TextBox {
@@ -24,6 +25,9 @@ struct TextBox {
     std::int16_t height = 0;
     std::int16_t width = 0;
 };
+
+// The user's label printing offsets from the settings.
+[[nodiscard]] LabelOffsets ReadLabelOffsets(const Application& application);
 
 // Draws `text` in `font`, aligned by `AlignmentMode`, three screen pixels down and one to the right inside
 // its box. A box that overruns the page prints no text at all; lines that don't fit are dropped; text is

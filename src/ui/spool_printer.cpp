@@ -160,6 +160,7 @@ double SpoolPrinter::TwipsPerPixelY() const {
 
 void SpoolPrinter::EndDoc() {
     if (!m_job->painter.isActive()) return;
+    m_job->items->Flush();
     m_job->items.reset();
     const bool isSent = m_job->painter.end() && m_job->printer.printerState() != QPrinter::Error;
     if (!isSent || HasSpoolerRefused()) throw Failure(failure::kPrinterError);

@@ -8,12 +8,19 @@
 #include <QFileInfo>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <memory>
 
 namespace sheetwright {
 
 namespace {
 
+using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -156,21 +163,62 @@ TEST_F(CliPdf, PagesThatCanNotBeAreToldWithTheRange) {
     EXPECT_EQ(LeftOvers(), QStringList());
 }
 
+TEST_F(CliPdf, AFormThatStandsWhereAFileIsWrittenFirstIsNotTakenForALeftOver) {
+    const std::vector<std::array<const char*, 3>> cases{
+        {"out.pdf.new", "--pdf", "out.pdf"}, {"b.aff 2", "--save", "b.aff"}, {"a.aff", "--pdf", "link.pdf"}};
+    QFile::link(Path(S("a.aff")), Path(S("link.pdf")));
+    for (const auto& [form, option, target] : cases) {
+        Write(S(form), MixedForm());
+        const CliResult result = Run({S("fill"), S(form), S(option), S(target)});
+        EXPECT_EQ(result.status, 2) << form;
+        EXPECT_THAT(result.err, HasSubstr(" is the form itself\nusage: ")) << form;
+        EXPECT_EQ(Read(S(form)), MixedForm());
+    }
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("b.aff 2"), S("link.pdf"), S("out.pdf.new")}));
+}
+
+TEST_F(CliPdf, TheSavedFormIsNotOverwrittenByItsPrint) {
+    Write(S("both.pdf"), "old");
+    QFile::link(Path(S("both.pdf")), Path(S("b.aff")));
+    const CliResult result = Fill({S("--save"), S("b.aff"), S("--pdf"), S("both.pdf")});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, StartsWith("error: \"both.pdf\" is the form itself\n"));
+    EXPECT_EQ(Read(S("both.pdf")), "old");
+}
+
+TEST_F(CliPdf, AFormThatIsNotThereIsToldAsSuch) {
+    const CliResult result =
+        Run({S("fill"), S("missing.aff"), S("--save"), S("b.aff"), S("--pdf"), S("out.pdf")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, StartsWith("error: Unable to open file: "));
+    EXPECT_EQ(Files(), QStringList(S("a.aff")));
+}
+
+TEST_F(CliPdf, ALinkStaysAndTheFileBehindItIsWritten) {
+    QFile::link(Path(S("behind.pdf")), Path(S("out.pdf")));
+    EXPECT_EQ(Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf")}).status, 0);
+    EXPECT_TRUE(QFileInfo(Path(S("out.pdf"))).isSymLink());
+    EXPECT_EQ(PdfInfo(Path(S("behind.pdf")), S("Pages")), "5");
+}
+
 TEST_F(CliPdf, APlaceThatCanNotBeWrittenFailsAndSavesNothing) {
     QDir(Path(S("."))).mkdir(S("folder.pdf"));
     QFile::link(S("/dev/full"), Path(S("full.pdf")));
-    const std::vector<std::pair<const char*, const char*>> cases{
-        {"folder.pdf", "75: Path/File access error"},
-        {"nowhere/out.pdf", "76: Path not found"},
-        {"full.pdf", "75: Path/File access error"},
+    QFile::link(Path(S("circle.pdf")), Path(S("circle.pdf")));
+    ASSERT_EQ(::mkfifo(Path(S("pipe.pdf")).toLocal8Bit().constData(), 0600), 0);
+    const QByteArray longName(300, 'x');
+    const std::vector<std::pair<QByteArray, const char*>> cases{
+        {"folder.pdf", "75: Path/File access error"}, {"nowhere/out.pdf", "76: Path not found"},
+        {"full.pdf", "75: Path/File access error"},   {"circle.pdf", "75: Path/File access error"},
+        {"pipe.pdf", "75: Path/File access error"},   {longName + ".pdf", "52: Bad file name or number"},
         {"a.aff/out.pdf", "76: Path not found"},
     };
     for (const auto& [target, error] : cases) {
         const CliResult result =
-            Fill({S("--no-recalculate"), S("--save"), S("b.aff"), S("--pdf"), S(target)});
-        EXPECT_EQ(result.status, 1) << target;
-        EXPECT_EQ(result.out, "") << target;
-        EXPECT_EQ(result.err, std::string("error: ") + error + " (a.aff)\n") << target;
+            Fill({S("--no-recalculate"), S("--save"), S("b.aff"), S("--pdf"), S(target.constData())});
+        EXPECT_EQ(result.status, 1) << target.constData();
+        EXPECT_EQ(result.out, "") << target.constData();
+        EXPECT_EQ(result.err, std::string("error: ") + error + " (a.aff)\n") << target.constData();
     }
     EXPECT_FALSE(QFileInfo::exists(Path(S("b.aff"))));
     EXPECT_EQ(LeftOvers(), QStringList());
@@ -235,6 +283,104 @@ TEST_F(CliPdf, APlacePast16BitsIsAFailure) {
         EXPECT_EQ(result.err, "error: 6: Overflow (a.aff)\n") << change;
         EXPECT_EQ(Files(), QStringList(S("a.aff"))) << change;
     }
+}
+
+TEST_F(CliPdf, AFontThatNobodyHasIsPrintedInArial) {
+    for (const char* name : {"", "Nobody's Font", "../../etc/passwd", "Arial,Courier New", "@Arial"}) {
+        Write(S("a.aff"), OneField({S("FontName=") + S(name)}, S("text")));
+        EXPECT_EQ(Fill({S("--pdf"), S("out.pdf")}).status, 0) << name;
+        const auto fonts = PdfFonts(Path(S("out.pdf")));
+        ASSERT_EQ(fonts.size(), 1U) << name;
+        EXPECT_THAT(fonts[0][0].toStdString(), HasSubstr("LiberationSans")) << name;
+    }
+}
+
+TEST_F(CliPdf, AFontSizeThatCanNotBeIsAFailureAndASmallOneIsDrawn) {
+    const std::vector<std::pair<const char*, const char*>> cases{{"-1", "380: Invalid property value"},
+                                                                 {"1e6", "380: Invalid property value"},
+                                                                 {"NaN", "380: Invalid property value"},
+                                                                 {"0.001", "11: Division by zero"},
+                                                                 {"2160", "6: Overflow"}};
+    for (const auto& [size, error] : cases) {
+        Write(S("a.aff"), OneField({S("FontSize=") + S(size), S("Height=9000")}, S("text")));
+        const CliResult result = Fill({S("--pdf"), S("out.pdf")});
+        EXPECT_EQ(result.status, 1) << size;
+        EXPECT_EQ(result.err, std::string("error: ") + error + " (a.aff)\n");
+    }
+    Write(S("a.aff"), OneField({S("FontSize=0.5")}, S("text")));
+    EXPECT_EQ(Fill({S("--pdf"), S("out.pdf")}).status, 0);
+    EXPECT_EQ(PdfText(Path(S("out.pdf")), 1), "text");
+}
+
+// A field too narrow for any character prints nothing; its page is there if it has been told to the printer.
+TEST_F(CliPdf, BoxesWithoutRoomAreNoHarm) {
+    for (const char* extent : {"0", "-5", "-32768", "1", "NaN"}) {
+        Write(S("a.aff"), OneField({S("Width=") + S(extent), S("Height=") + S(extent), S("BorderStyle=1")},
+                                   S("text\x7Fmore text")));
+        const CliResult result = Fill({S("--pdf"), S("out.pdf")});
+        EXPECT_EQ(result.out, "printed 1 page to out.pdf\n") << extent;
+        EXPECT_EQ(result.err, "") << extent;
+    }
+}
+
+TEST_F(CliPdf, AValueOfMegabytesEndsAtItsBox) {
+    for (const QString& piece : {S("word "), S("x"), S("\x7F"), S("漢字"), S("שלום "), S("😀")}) {
+        const qsizetype bytes = piece == S("😀") ? 100'000 : 5'000'000;
+        Write(S("a.aff"), OneField({}, piece.repeated(bytes / piece.toUtf8().size())));
+        const CliResult result = Fill({S("--pdf"), S("out.pdf")});
+        EXPECT_EQ(result.out, "printed 1 page to out.pdf\n") << piece.toStdString();
+        EXPECT_LT(QFileInfo(Path(S("out.pdf"))).size(), 30'000) << piece.toStdString();
+    }
+}
+
+// Shapes far beyond any paper, with every fill and line, cost no more than what can be seen of them.
+TEST_F(CliPdf, ShapesAsLargeAsNumbersGoAreDrawnAsFarAsTheyCanBeSeen) {
+    const QStringList place{S("AbsLeft=-1000000000"), S("AbsTop=-1000000000"), S("Width=2000000000"),
+                            S("Height=2000000000"),   S("BorderColor=255"),    S("FillColor=65280")};
+    FormText form;
+    form.Page(S("Cover"));
+    for (const char* fill : {"0", "1", "4", "7", "8", "99", "32768"})
+        for (const char* type : {"1", "2", "3", "6", "7", "-1"})
+            for (const char* width : {"1", "32767", "0", "-1"})
+                for (const char* shape : {"0", "3"})
+                    form.Record(
+                        S("SHAPE"),
+                        place + QStringList{S("Shape=") + S(shape), S("FillStyle=") + S(fill),
+                                            S("BorderType=") + S(type), S("BorderWidth=") + S(width)});
+    form.Record(S("LINE"), place + QStringList{S("BorderType=3"), S("BorderWidth=1"), S("Direction=1")});
+    Write(S("a.aff"), form.Data(1, {}).Bytes());
+    EXPECT_EQ(Fill({S("--pdf"), S("out.pdf")}).out, "printed 1 page to out.pdf\n");
+    EXPECT_LT(QFileInfo(Path(S("out.pdf"))).size(), 1'000'000);
+    EXPECT_EQ(Run({S("render"), S("a.aff"), S("--png"), S("out.png")}).status, 0);
+}
+
+TEST_F(CliPdf, AsManyPagesAsAFormCanHave) {
+    constexpr int kMost = std::numeric_limits<std::int16_t>::max();
+    Write(S("a.aff"), ManyPages(kMost));
+    EXPECT_EQ(Fill({S("--no-recalculate"), S("--pdf"), S("out.pdf")}).out,
+              "printed 32767 pages to out.pdf\n");
+    EXPECT_EQ(PdfInfo(Path(S("out.pdf")), S("Pages")), "32767");
+    EXPECT_EQ(PdfText(Path(S("out.pdf")), kMost), "value 32767");
+}
+
+TEST_F(CliPdf, SeveralCallsMayPrintToTheSameFile) {
+    std::vector<std::unique_ptr<QProcess>> processes;
+    for (int number = 0; number < 8; ++number) {
+        processes.push_back(std::make_unique<QProcess>());
+        Prepare(*processes.back(), {S("fill"), S("a.aff"), S("--no-recalculate"), S("--pdf"), S("out.pdf")},
+                S("C.UTF-8"));
+        processes.back()->start();
+    }
+    int printed = 0;
+    for (const auto& process : processes) {
+        const CliResult result = ResultOf(*process);
+        EXPECT_THAT(result.out + result.err,
+                    AnyOf("printed 5 pages to out.pdf\n", "error: 70: Permission denied (a.aff)\n"));
+        if (result.status == 0) ++printed;
+    }
+    EXPECT_GE(printed, 1);
+    EXPECT_EQ(PdfInfo(Path(S("out.pdf")), S("Pages")), "5");
+    EXPECT_EQ(Files(), QStringList({S("a.aff"), S("out.pdf")}));
 }
 
 // A design of a header alone is never told to the printer, and its values find no element.

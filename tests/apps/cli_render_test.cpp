@@ -1,12 +1,14 @@
 // Pages as images from the command line.
 
 #include "apps/cli_test.h"
+#include "document/zip_builder.h"
 #include "support/form_text.h"
 
 #include <QFileInfo>
 #include <QImage>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace sheetwright {
 
@@ -155,6 +157,48 @@ TEST_F(CliRender, AFullDiskLeavesNoHalfImage) {
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.err, HasSubstr("61"));
     EXPECT_EQ(Files(), QStringList(S("a.aff")));
+}
+
+TEST_F(CliRender, LinksPipesAndFormsInTheWay) {
+    QFile::link(Path(S("circle.png")), Path(S("circle.png")));
+    QFile::link(S("/dev/full"), Path(S("full.png")));
+    ASSERT_EQ(::mkfifo(Path(S("pipe.png")).toLocal8Bit().constData(), 0600), 0);
+    for (const char* target : {"circle.png", "full.png", "pipe.png"}) {
+        const CliResult result = Render({S("--png"), S(target), S("--pages"), S("1")});
+        EXPECT_EQ(result.status, 1) << target;
+        EXPECT_EQ(result.err, "error: 75: Path/File access error (a.aff)\n") << target;
+    }
+    Write(S("out.png.new"), MixedForm());
+    const CliResult result =
+        Run({S("render"), S("out.png.new"), S("--png"), S("out.png"), S("--pages"), S("1")});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, StartsWith("error: \"out.png.new\" is the form itself\n"));
+    EXPECT_EQ(Read(S("out.png.new")), MixedForm());
+}
+
+// What the decoder says by itself is not for the person.
+TEST_F(CliRender, ADamagedPictureIsOneErrorAndNothingElse) {
+    QImage image(20, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(Path(S("whole.png"))));
+    const QByteArray whole = Read(S("whole.png"));
+    const QByteArray huge = QByteArray(whole).replace(16, 8, QByteArray("\0\1\x86\xA0\0\1\x86\xA0", 8));
+    Write(S("picture.aff"), FormText().Page(S("Cover")).PictureField(S("A")).Data(1, {S("A=a.png")}).Bytes());
+    for (const QByteArray& bytes :
+         {QByteArray(), whole.first(1), whole.first(8), whole.first(33), huge, QByteArray("GIF89a"),
+          QByteArray("BM"), QByteArray("\xFF\xD8\xFF"), QByteArray("PK\3\4")}) {
+        BuiltMember text;
+        text.name = "a.aff";
+        text.data = Read(S("picture.aff"));
+        BuiltMember picture;
+        picture.name = "a.png";
+        picture.data = bytes;
+        Write(S("a.aff"), BuildZip({text, picture}));
+        const CliResult result = Render({S("--png"), S("out.png")});
+        EXPECT_EQ(result.status, 1) << bytes.size();
+        EXPECT_EQ(result.err, "error: 481: Invalid picture (a.aff)\n") << bytes.size();
+    }
+    EXPECT_FALSE(QFileInfo::exists(Path(S("out.png"))));
 }
 
 TEST_F(CliRender, FailuresOfTheFormAreTold) {

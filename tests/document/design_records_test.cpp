@@ -210,7 +210,7 @@ TEST_F(DesignRecords, FieldReadsItsImportKeys) {
 TEST_F(DesignRecords, FieldWithoutATypeIsATextOnPaperAndAPictureOnScreen) {
     EXPECT_TRUE(As<FieldRecord>().PrintsAsText());
     EXPECT_FALSE(As<FieldRecord>().ShowsText());
-    for (const char* type : {"0", "2"}) {
+    for (const char* type : {"0", "2", "00", "2.0", "text", ""}) {
         Set(QStringLiteral("FieldType"), QString::fromLatin1(type));
         EXPECT_TRUE(As<FieldRecord>().PrintsAsText()) << type;
         EXPECT_TRUE(As<FieldRecord>().ShowsText()) << type;

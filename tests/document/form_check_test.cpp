@@ -156,7 +156,7 @@ TEST(CheckForm, ValuesOutOfRangeAreFound) {
     form.Field(S("A"), {S("Width=-1"), S("FontSize=0"), S("Alignment=3"), S("AbsTop=low"), S("TabIdx=1.5")})
         .CheckBox(S("B"), {S("States=5"), S("Style=256")});
     EXPECT_THAT(Check(form), ElementsAre("1: A: TabIdx \"1.5\" is no whole number",
-                                         "1: A: FontSize \"0\" is out of range (0.1 to 32767)",
+                                         "1: A: FontSize \"0\" is out of range (0.1 to 2160)",
                                          "1: A: AbsTop \"low\" is no number",
                                          "1: A: Width \"-1\" is out of range (0 to 2147483647)",
                                          "1: A: Alignment \"3\" is out of range (0 to 2)",

@@ -61,6 +61,18 @@ TEST_F(HeadlessPage, KnowsTheRecordsOfThePagesDesign) {
     EXPECT_EQ(m_document.BitmapProperties[0].At(u"Name"), QStringLiteral("photo"));
 }
 
+TEST_F(HeadlessPage, ReadsTheTypeOfAFieldAsANumber) {
+    for (const char* line : {"BEGIN PAGE 3", "BEGIN FIELD", "Name=text", "FieldType=02", "END FIELD",
+                             "BEGIN FIELD", "Name=photo", "END FIELD", "END PAGE"})
+        m_document.memory.AppendFormDesign(3, QString::fromLatin1(line));
+    AddPage(QStringLiteral("3"), {});
+    Show(1);
+    ASSERT_EQ(m_document.FieldProperties.size(), 1U);
+    EXPECT_EQ(m_document.FieldProperties[0].At(u"Name"), QStringLiteral("text"));
+    ASSERT_EQ(m_document.BitmapProperties.size(), 1U);
+    EXPECT_EQ(m_document.BitmapProperties[0].At(u"Name"), QStringLiteral("photo"));
+}
+
 TEST_F(HeadlessPage, TurningToAnotherDesignReplacesTheRecords) {
     AddPage(QStringLiteral("1"), {});
     AddPage(QStringLiteral("2"), {});

@@ -155,6 +155,16 @@ TEST_F(ElementRendering, LineAfterAMissingKeyIsStillDrawn) {
     EXPECT_EQ(LogRows().size(), 3);
 }
 
+TEST_F(ElementRendering, CoordinateOfALineThatFailsIsZeroAndTheOthersStay) {
+    const QString error = QStringLiteral("PrintControl|5: Invalid procedure call or argument|");
+    EXPECT_EQ(Drawn(u"LINE", Line({QStringLiteral("-Height")})),
+              QStringList(QStringLiteral("line 100,200 3085,0 pen 15/0/0x0000ff")));
+    EXPECT_EQ(LogRows(), QStringList(error));
+    EXPECT_EQ(Drawn(u"LINE", Line({QStringLiteral("-AbsLeft")})),
+              QStringList(QStringLiteral("line 0,200 0,685 pen 15/0/0x0000ff")));
+    EXPECT_EQ(LogRows(), QStringList({error, error, error})) << "it is read for both ends";
+}
+
 TEST_F(ElementRendering, ShapeIsDrawnByItsNumber) {
     EXPECT_EQ(Drawn(u"SHAP", Shape()),
               QStringList(QStringLiteral("box 100,200 3100,700 pen 15/0/0x0000ff fill 0/0x00ff00")));

@@ -220,6 +220,15 @@ TEST_F(FieldRendering, CheckBoxOnPaperKeepsItsSizeAndPen) {
                            QStringLiteral("text 1275,2045 \"agreed\" Arial 10 0x0000ff")}));
 }
 
+TEST_F(FieldRendering, WithoutAPrinterInstalledNoneIsTouched) {
+    InstallNoPrinter();
+    WritePicture(QStringLiteral("temporary/photo.png"), 20, 10);
+    EXPECT_EQ(DrawnField(Field({QStringLiteral("BorderStyle=1")}), QStringLiteral("a")).size(), 5);
+    EXPECT_EQ(DrawnField(PictureField(), QStringLiteral("photo.png")).size(), 1);
+    EXPECT_EQ(DrawnCheckBox(Check(), QStringLiteral("1")).size(), 3);
+    EXPECT_EQ(m_printers.touches, 0);
+}
+
 TEST_F(FieldRendering, MissingOrBadKeysOfACheckBoxAreRaised) {
     for (const char* change : {"-Style", "-Caption", "-FontName", "-ForeColor", "-AbsLeft", "-Height"})
         EXPECT_EQ(FailureOfCheckBox(Check({QString::fromLatin1(change)})), 5) << change;

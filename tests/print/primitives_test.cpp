@@ -40,7 +40,13 @@ using LoadPrinterAdjustTest = PrimitivesTest;
 TEST_F(DrawLineTest, AddsTheAdjustsToBothEnds) {
     SetAdjusts(10.5F, -20);
     DrawLine(State(), m_surface, 100, 200, 300.2, 400, kRed);
-    EXPECT_EQ(Drawn(), QStringList(QStringLiteral("line 110,180 311,380 pen 15/0/0x0000ff")));
+    EXPECT_EQ(Drawn(), QStringList(QStringLiteral("line 110,180 310,380 pen 15/0/0x0000ff")));
+}
+
+TEST_F(DrawLineTest, PlaceIsRoundedBeforeAndAfterItIsAdjusted) {
+    SetAdjusts(0.5F, 0.75F);
+    DrawLine(State(), m_surface, 10.4, 10.5, 11.4, 11.5, kRed);
+    EXPECT_EQ(Drawn(), QStringList(QStringLiteral("line 10,11 12,13 pen 15/0/0x0000ff")));
 }
 
 TEST_F(DrawLineTest, RoundsHalvesToEven) {

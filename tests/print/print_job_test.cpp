@@ -109,6 +109,27 @@ TEST_F(PrintJobTest, OnlyTheFirstEqualsSignSplits) {
     EXPECT_EQ(Preview(1, 1), QStringList(QStringLiteral("x=y"))) << "names match in any case";
 }
 
+TEST_F(PrintJobTest, OnlyFourLettersOfARecordsWordCount) {
+    InstallPrinter();
+    const QStringList frame = PlaceAt(0, 0, 115, 115) << QStringLiteral("BorderStyle=1");
+    Design(
+        1,
+        Paper() + Record(QStringLiteral("FRAMEWORK"), frame) +
+            Field(QStringLiteral("a")).replaceInStrings(QStringLiteral("FIELD"), QStringLiteral("FIELDX")) +
+            Record(QStringLiteral("frame"), frame) + Record(QStringLiteral("FRA"), frame));
+    Data(1, 1, {QStringLiteral("a=x")});
+    EXPECT_EQ(Preview(1, 1), QStringList(QStringLiteral("x")));
+    EXPECT_EQ(m_surface.Recorded().Items().size(), 5U) << "one box and one text";
+    EXPECT_EQ(LogRows(), QStringList());
+}
+
+TEST_F(PrintJobTest, ValueReadFromAFileHasItsLineBreaks) {
+    InstallPrinter();
+    Design(1, Paper() + Field(QStringLiteral("a"), {QStringLiteral("Height=2000")}));
+    Data(1, 1, {QStringLiteral("a=one\u007Ftwo")});
+    EXPECT_EQ(Preview(1, 1), QStringList({QStringLiteral("one"), QStringLiteral("two")}));
+}
+
 TEST_F(PrintJobTest, ValueThatStandsTwiceIsDrawnTwice) {
     InstallPrinter();
     Design(1, Paper() + Field(QStringLiteral("a")));
@@ -405,7 +426,7 @@ TEST_F(PrintJobTest, CancelledPrintingPrintsNothingButHasSavedThePage) {
     DoRealPrint(m_document);
     EXPECT_EQ(saves, 1);
     EXPECT_TRUE(m_printer.documents.empty());
-    EXPECT_EQ(m_printers.follows, 0);
+    EXPECT_EQ(m_printers.follows, 1);
     EXPECT_EQ(m_ui.MessageTexts(), QStringList());
     EXPECT_EQ(LogRows(), QStringList());
 }
@@ -436,9 +457,44 @@ TEST_F(PrintJobTest, FailingFormulaLeavesThePageOnScreenAsItWas) {
 TEST_F(PrintJobTest, PrintingWithoutAPrinterIsAFailure) {
     Data(1, 1, {});
     EXPECT_EQ(FailureOf([&] { DoRealPrint(m_document); }), 482);
+    EXPECT_TRUE(m_ui.printerDialogs.empty());
     InstallNoPrinter();
     EXPECT_EQ(FailureOf([&] { DoRealPrint(m_document); }), 482);
-    EXPECT_TRUE(m_ui.printerDialogs.empty());
+    EXPECT_EQ(m_printers.follows, 1);
+    m_ui.onPrinterDialog = [](PrinterDialog&) { throw Failure(failure::kCancelled); };
+    EXPECT_FALSE(FailureOf([&] { DoRealPrint(m_document); }));
+}
+
+TEST_F(PrintJobTest, PrinterThatIsInstalledMeanwhileCanBePrintedOn) {
+    InstallNoPrinter();
+    Design(1, Paper() + Field(QStringLiteral("a")));
+    Data(1, 1, {QStringLiteral("a=x")});
+    m_ui.onPrinterDialog = [&](PrinterDialog&) { m_printers.count = 1; };
+    DoRealPrint(m_document);
+    EXPECT_EQ(PrintedWords(), (std::vector<QStringList>{{QStringLiteral("x")}}));
+}
+
+TEST_F(PrintJobTest, PrinterThatIsGoneStopsSilently) {
+    class LostPrinters : public RecordingPrinters {
+      public:
+        using RecordingPrinters::RecordingPrinters;
+        void FollowDefault() override { throw Failure(failure::kPrinterError); }
+    };
+    LostPrinters printers(m_printer);
+    m_application->printing.printers = &printers;
+    Data(1, 1, {});
+    EXPECT_FALSE(FailureOf([&] { DoRealPrint(m_document); }));
+    EXPECT_TRUE(m_printer.calls.isEmpty());
+}
+
+TEST_F(PrintJobTest, PagesChosenTheWrongWayRoundPrintNothing) {
+    InstallPrinter();
+    Design(1, Paper() + Field(QStringLiteral("a")));
+    Data(1, 1, {QStringLiteral("a=x")});
+    Data(2, 1, {QStringLiteral("a=y")});
+    m_ui.onPrinterDialog = [](PrinterDialog& dialog) { std::swap(dialog.fromPage, dialog.toPage); };
+    DoRealPrint(m_document);
+    EXPECT_EQ(m_printer.calls, QStringList(QStringLiteral("EndDoc")));
 }
 
 TEST_F(PrintJobTest, PreviewWithoutAPrinterNeverTouchesOne) {

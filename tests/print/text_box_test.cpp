@@ -219,12 +219,12 @@ TEST_F(DrawTextBoxTest, FontThatTheSurfaceLacksBecomesArial) {
     EXPECT_TRUE(m_ui.messages.empty());
 }
 
-TEST_F(DrawTextBoxTest, MeasurerKeepsItsFontWhenItLacksTheOneAskedFor) {
+TEST_F(DrawTextBoxTest, MeasurerTakesAnyFontSoThatLinesNeverDependOnTheTextBefore) {
     m_metrics.SetFamilies({QStringLiteral("Arial"), QStringLiteral("Times New Roman")});
     m_measurer.SetFontName(QStringLiteral("Times New Roman"));
     m_font.family = QStringLiteral("No Such Font");
     Draw(m_surface, QStringLiteral("Text"), kBox);
-    EXPECT_EQ(m_measurer.FontName(), QStringLiteral("Times New Roman"));
+    EXPECT_EQ(m_measurer.FontName(), QStringLiteral("No Such Font"));
 }
 
 TEST_F(DrawTextBoxTest, WithNoFontAtAllTheOldOneStays) {

@@ -4,6 +4,7 @@
 #include "support/test_application.h"
 
 #include <QColor>
+#include <QProcess>
 
 namespace sheetwright {
 namespace {
@@ -119,6 +120,46 @@ TEST(MetafilePicture, RecordsThatMakeNoSenseEndInAPictureOrInFailure481) {
             [&] { static_cast<void>(MetafilePicture(Canvas().Bytes(function, many).Select(9).Plain())); });
         EXPECT_EQ(failure.value_or(481), 481) << function;
     }
+}
+
+struct ProgramRun {
+    int exitCode = -1;
+    QByteArray output;
+};
+
+ProgramRun Draw(const QStringList& arguments, const QByteArray& input) {
+    QProcess process;
+    process.start(QStringLiteral(SHEETWRIGHT_BIN_DIR "/sheetwright-wmf"), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished());
+    return {process.exitCode(), process.readAllStandardOutput()};
+}
+
+TEST(MetafileProgram, GivesFourBytesForEachPixel) {
+    const ProgramRun run =
+        Draw({QStringLiteral("30"), QStringLiteral("20")}, ReadMetafile(Canvas().Plain()).bytes);
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, QByteArray(2400, '\0'));
+}
+
+TEST(MetafileProgram, GivesNothingForRubbish) {
+    for (const QByteArray& input : {QByteArray(), QByteArray(1000, '\xFF'), Canvas().Plain().first(17)}) {
+        const ProgramRun run = Draw({QStringLiteral("30"), QStringLiteral("20")}, input);
+        EXPECT_EQ(run.exitCode, 1);
+        EXPECT_TRUE(run.output.isEmpty());
+    }
+}
+
+TEST(MetafileProgram, RefusesSizesThatCantBe) {
+    const QList<QStringList> lines{{},
+                                   {QStringLiteral("30")},
+                                   {QStringLiteral("0"), QStringLiteral("20")},
+                                   {QStringLiteral("-5"), QStringLiteral("-5")},
+                                   {QStringLiteral("32001"), QStringLiteral("1")},
+                                   {QStringLiteral("5000"), QStringLiteral("5000")}};
+    for (const QStringList& arguments : lines)
+        EXPECT_EQ(Draw(arguments, Canvas().Plain()).exitCode, 2);
 }
 
 TEST(MetafilePixels, ArtworkHasFourPixelsForEachOfTheScreen) {

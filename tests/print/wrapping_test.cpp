@@ -1,4 +1,5 @@
 #include "print/device.h"
+#include "print/fonts.h"
 #include "print/text_wrapping.h"
 #include "support/fixed_metrics.h"
 #include "support/test_application.h"
@@ -224,6 +225,25 @@ TEST_F(WrappingTest, RandomTextsBreakAsStepByStep) {
         const double width = texts.Below(50) * 25 - 50;
         ASSERT_EQ(WrappedText(m_measurer, text, width), StepByStep(m_measurer, text, width).Run())
             << "width " << width << " of \"" << text.toUtf8().toPercentEncoding().constData() << '"';
+    }
+}
+
+TEST(Wrapping, RealFontsBreakAsStepByStep) {
+    const Fonts fonts;
+    RandomTexts texts;
+    for (const char* family : {"Arial", "Courier New", "Times New Roman"}) {
+        Measurer measurer(fonts);
+        measurer.SetFontName(QString::fromLatin1(family));
+        for (int round = 0; round < 2'000; ++round) {
+            measurer.SetFontSize(5 + texts.Below(60) * 0.25);
+            const QString text = texts.Next();
+            // Also boxes that a part of the text fills exactly.
+            const double filled = measurer.TextWidth(text.left(texts.Below(20)) + u'-');
+            const double width = texts.Below(2) == 0 ? filled : texts.Below(3000);
+            ASSERT_EQ(WrappedText(measurer, text, width), StepByStep(measurer, text, width).Run())
+                << family << ", width " << width << " of \""
+                << text.toUtf8().toPercentEncoding().constData() << '"';
+        }
     }
 }
 

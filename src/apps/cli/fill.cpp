@@ -4,6 +4,7 @@
 #include "apps/cli/print_options.h"
 #include "apps/cli/session.h"
 #include "core/paths.h"
+#include "document/form_archive.h"
 #include "document/form_writer.h"
 #include "formula/recalculation.h"
 #include "print/pdf_printer.h"
@@ -84,10 +85,12 @@ struct Targets {
 Targets::Targets(const CommandLine& line, const QString& source)
     : form(line.Value(u"save")), pdf(line.Value(u"pdf")), pages(line) {
     if (form) RequireFormName(*form);
+    if (form) RequireOtherThan(source, *form + kUnfinishedFormSuffix.toString());
     if (!pdf && line.Has(u"pages")) throw UsageError(QStringLiteral("--pages needs --pdf"));
     if (!pdf) return;
     RequireEnding(*pdf, QStringLiteral(".pdf"));
     RequireOtherThan(source, *pdf);
+    if (form) RequireOtherThan(*form, *pdf);
 }
 
 // Prints into a file beside the target, whole but not yet in place.

@@ -1,5 +1,6 @@
 #include "apps/cli/print_options.h"
 
+#include "core/atomic_file.h"
 #include "core/paths.h"
 
 #include <QFileInfo>
@@ -45,8 +46,11 @@ void RequireEnding(const QString& target, const QString& ending) {
 }
 
 void RequireOtherThan(const QString& form, const QString& target) {
-    if (QFileInfo(OnDisk(form)) == QFileInfo(OnDisk(target)))
-        throw UsageError(QStringLiteral("\"%1\" is the form itself").arg(target));
+    const QFileInfo kept(OnDisk(form));
+    if (!kept.exists()) return;  // two files that aren't there would count as one
+    for (const QString& written : {target, target + kUnfinishedSuffix.toString()})
+        if (kept == QFileInfo(OnDisk(written)))
+            throw UsageError(QStringLiteral("\"%1\" is the form itself").arg(written));
 }
 
 }  // namespace sheetwright::cli

@@ -32,7 +32,8 @@ class PageChoice {
     std::optional<int> m_last;
 };
 
-// Raise UsageError unless `target` has the ending `ending`, such as ".pdf", and is not the form itself.
+// Raise UsageError unless `target` has the ending `ending`, such as ".pdf", and the form itself stands
+// neither there nor where the target is written before it is put in place.
 void RequireEnding(const QString& target, const QString& ending);
 void RequireOtherThan(const QString& form, const QString& target);
 

@@ -29,7 +29,7 @@ void LimitThisProcess() {
     Limit(RLIMIT_CORE, 0);
     Limit(RLIMIT_FSIZE, 0);  // a pipe is no file
     Limit(RLIMIT_CPU, kSeconds);
-#ifndef __SANITIZE_ADDRESS__
+#ifndef SHEETWRIGHT_SANITIZED  // sanitizers reserve more than that
     constexpr rlim_t kBytes = 1'500'000'000;
     Limit(RLIMIT_AS, kBytes);
 #endif
