@@ -1,4 +1,5 @@
-# Installed: the executables with their data files in one folder, links to them in bin, the manual pages.
+# Installed: the executables with their data files in one folder, links in bin to those that a person starts, the
+# manual pages.
 include(GNUInstallDirs)
 set(SHEETWRIGHT_INSTALL_DIR lib/sheetwright CACHE STRING "Folder of the executables and their data, below the prefix")
 
@@ -13,6 +14,10 @@ foreach(program IN LISTS programs)
         continue()
     endif()
     install(TARGETS ${program} RUNTIME DESTINATION ${SHEETWRIGHT_INSTALL_DIR})
+    get_target_property(is_helper ${program} SHEETWRIGHT_HELPER)
+    if(is_helper)
+        continue()
+    endif()
     # Relative, so that the tree can be staged or moved.
     file(RELATIVE_PATH target /${CMAKE_INSTALL_BINDIR} /${SHEETWRIGHT_INSTALL_DIR}/${program})
     install(CODE "

@@ -90,7 +90,7 @@ PageLines& MemoryBlock::Grown(std::vector<PageLines>& pages, std::int16_t page) 
 
 void MemoryBlock::AppendFormDesign(std::int16_t page, QStringView line, const QString& text) {
     AppendDecoded(Grown(m_designPages, page), line, text);
-    ++m_designRevision;
+    ++m_designRevision.number;
 }
 
 void MemoryBlock::AppendFormData(std::int16_t page, QStringView line, const QString& text) {
@@ -101,7 +101,7 @@ void MemoryBlock::AppendFormData(std::int16_t page, QStringView line, const QStr
 
 void MemoryBlock::ReplaceDesignLine(int page, int position, QString line) {
     Checked(m_designPages, page).Replace(position, std::move(line));
-    ++m_designRevision;
+    ++m_designRevision.number;
 }
 
 void MemoryBlock::ReplaceDataLine(int page, int position, QString line) {

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -48,8 +49,9 @@ class MemoryBlock {
     void AppendFormDesign(std::int16_t page, QStringView line, const QString& text = QString());
     void AppendFormData(std::int16_t page, QStringView line, const QString& text = QString());
 
-    // Changes with every change of a design line: what was made of them before is out of date then.
-    [[nodiscard]] std::uint64_t DesignRevision() const { return m_designRevision; }
+    // Grows with every change of a design line, and when the block takes over another's lines: what was made
+    // of them before is out of date then.
+    [[nodiscard]] std::uint64_t DesignRevision() const { return m_designRevision.number; }
 
     void ReplaceDesignLine(int page, int position, QString line);
     void ReplaceDataLine(int page, int position, QString line);
@@ -72,6 +74,19 @@ class MemoryBlock {
     [[nodiscard]] const std::vector<std::int16_t>& PagesOf(std::int16_t design) const;
 
   private:
+    // Being assigned counts as a change, too.
+    struct Revision {
+        std::uint64_t number = 1;
+
+        Revision() = default;
+        Revision(const Revision&) = default;
+        Revision& operator=(const Revision& other) {
+            number = std::max(number, other.number) + 1;
+            return *this;
+        }
+        ~Revision() = default;
+    };
+
     // Designs of all data pages, none where the header can't be read, and the reverse.
     struct DesignIndex {
         std::vector<std::optional<std::int16_t>> ofPage;
@@ -88,7 +103,7 @@ class MemoryBlock {
 
     std::shared_ptr<PageLayoutPool> m_layouts;
     std::vector<PageLines> m_designPages;
-    std::uint64_t m_designRevision = 1;
+    Revision m_designRevision;
     std::vector<PageLines> m_dataPages;
     std::vector<KeyedCollection<QString>> m_formulas{1};
     mutable std::optional<DesignIndex> m_designs;  // none until asked for

@@ -7,27 +7,26 @@
 
 namespace sheetwright {
 
-DesignCache::Use::Use(DesignCache& shared, DesignCache& own, const Application& application,
-                      const MemoryBlock& memory)
-    : m_cache(shared.m_isInUse ? own : shared) {
+DesignCache::Use::Use(DesignCache& shared, DesignCache& own) : m_cache(shared.m_isInUse ? own : shared) {
     m_cache.m_isInUse = true;
-    const TruthWords words = application.TranslatedTruthWords();
-    const bool holds = m_cache.m_revision == memory.DesignRevision() && m_cache.m_words == words &&
-                       m_cache.m_conventions == application.conventions;
-    if (holds) return;
-    m_cache.Forget();
-    m_cache.m_revision = memory.DesignRevision();
-    m_cache.m_conventions = application.conventions;
-    m_cache.m_words = words;
 }
 
-void DesignCache::Forget() {
+void DesignCache::ForgetUnlessFor(const Application& application, const MemoryBlock& memory) {
+    const TruthWords words = application.TranslatedTruthWords();
+    const bool holds =
+        m_revision == memory.DesignRevision() && m_words == words && m_conventions == application.conventions;
+    if (holds) return;
     lastDesign = nullptr;
     m_looks.clear();
     m_designs.clear();
+    m_revision = memory.DesignRevision();
+    m_conventions = application.conventions;
+    m_words = words;
 }
 
-DesignCache::Design& DesignCache::DesignOf(const MemoryBlock& memory, std::int16_t number) {
+DesignCache::Design& DesignCache::DesignOf(const Application& application, const MemoryBlock& memory,
+                                           std::int16_t number) {
+    ForgetUnlessFor(application, memory);
     const auto known = m_designs.find(number);
     if (known != m_designs.end()) return known->second;
     return m_designs.emplace(number, Design(memory.DesignPage(number))).first->second;

@@ -25,12 +25,11 @@ class DesignCache {
         bool isRepeatable = false;  // a second walk would keep the same fields and check boxes
     };
 
-    // One job at a time uses a cache: a command that comes in while a job runs may begin another one. Forgets
-    // all that no longer holds.
+    // One job at a time uses a cache: a command that comes in while a job runs may begin another one.
     class Use {
       public:
         // Uses `own` where `shared` is in use.
-        Use(DesignCache& shared, DesignCache& own, const Application& application, const MemoryBlock& memory);
+        Use(DesignCache& shared, DesignCache& own);
         Use(const Use&) = delete;
         Use& operator=(const Use&) = delete;
         ~Use() { m_cache.m_isInUse = false; }
@@ -40,8 +39,10 @@ class DesignCache {
         DesignCache& m_cache;
     };
 
-    // Raises 9 for a design that the form doesn't have.
-    [[nodiscard]] Design& DesignOf(const MemoryBlock& memory, std::int16_t number);
+    // Forgets first what no longer holds, and with it what came from here before: a command may change the
+    // designs from one page to the next. Raises 9 for a design that the form doesn't have.
+    [[nodiscard]] Design& DesignOf(const Application& application, const MemoryBlock& memory,
+                                   std::int16_t number);
     // How a field of the elements that were filled in as the `filling`-th looks.
     [[nodiscard]] const std::optional<FieldLook>& LookOf(const Application& application,
                                                          const PropertyBag& bag, std::uint64_t filling);
@@ -51,7 +52,7 @@ class DesignCache {
     std::uint64_t lastFilling = 0;
 
   private:
-    void Forget();
+    void ForgetUnlessFor(const Application& application, const MemoryBlock& memory);
 
     std::map<std::int16_t, Design> m_designs;
     std::unordered_map<const PropertyBag*, std::optional<FieldLook>> m_looks;

@@ -19,8 +19,8 @@ QString NamedFile(const FormDrawing& form, const QString& named) {
 
 // The form's own copy of a picture, which is the one that goes into its archive. Nothing but a picture is
 // ever copied: a form from elsewhere may name any file of this machine.
-void CopyPicture(const QString& from, const QString& to) {
-    (void)LoadPicture(from);
+void CopyPicture(PictureCache& pictures, const QString& from, const QString& to) {
+    (void)pictures.Load(from);
     WriteFileAtomically(to, ReadWholeFile(from));
 }
 
@@ -30,7 +30,7 @@ QString OwnPicture(const FormDrawing& form, const QString& named) {
     if (FileExists(own)) return own;
     const QString original = NamedFile(form, named);
     if (original.isEmpty()) return {};
-    CopyPicture(original, own);
+    CopyPicture(form.surfaces.pictures, original, own);
     return own;
 }
 

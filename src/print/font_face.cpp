@@ -9,6 +9,7 @@ namespace {
 constexpr qsizetype kLongestRun = 256;
 constexpr qsizetype kFirstMeasured = 32;  // units of a run
 constexpr std::size_t kMostSizes = 64;
+constexpr qsizetype kMostRuns = 2048;
 
 // In pixels: the least letter spacing there is. Texts that are spaced get no ligatures.
 constexpr double kNoLigatures = 1.0 / 64;
@@ -105,7 +106,11 @@ const FontFace::Character& FontFace::Load(char16_t unit) const {
 }
 
 double FontFace::RunWidth(QStringView run) const {
-    return std::max(0.0, m_metrics.horizontalAdvance(run.toString()));
+    const QString text = run.toString();
+    const auto known = m_runs.constFind(text);
+    if (known != m_runs.constEnd()) return *known;
+    if (m_runs.size() >= kMostRuns) m_runs.clear();
+    return *m_runs.insert(text, std::max(0.0, m_metrics.horizontalAdvance(text)));
 }
 
 qsizetype FontFace::RunEnd(QStringView text, qsizetype start) const {

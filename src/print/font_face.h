@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QGlyphRun>
+#include <QHash>
 #include <QRawFont>
 #include <QString>
 #include <QStringList>
@@ -84,6 +85,7 @@ class FontFace {
     double m_lineThickness;
     mutable std::array<std::unique_ptr<CharacterPage>, 256> m_pages;
     mutable std::unordered_map<double, QRawFont> m_sized;
+    mutable QHash<QString, double> m_runs;  // a line that is broken measures the same runs several times
 };
 
 }  // namespace sheetwright

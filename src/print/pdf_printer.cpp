@@ -104,12 +104,13 @@ struct PdfPrinter::Job {
     PaperExtent extent = kA4Portrait;
     int pages = 0;
     bool isPageOpen = false;
-    bool isComplete = false;
+    bool isClosed = false;
+    bool isComplete = false;  // every byte of it is on the disk
 };
 
 void PdfPrinter::Job::BeginPage() {
     if (isPageOpen) return;
-    if (isComplete) throw Failure(failure::kPrinterError);
+    if (isClosed) throw Failure(failure::kPrinterError);
     writer.setPageLayout(LayoutOf(extent));
     const bool isReady = painter.isActive() ? writer.newPage() : painter.begin(&writer);
     if (!isReady) throw Failure(failure::kDeviceError);
@@ -120,12 +121,13 @@ void PdfPrinter::Job::BeginPage() {
 
 void PdfPrinter::Job::Close() {
     isPageOpen = false;
-    isComplete = true;
+    isClosed = true;
     if (items) items->Flush();
     items.reset();
     if (painter.isActive() && !painter.end()) throw Failure(failure::kDeviceError);
     device.Flush();
     file.Beside().Flush();
+    isComplete = true;
 }
 
 PdfPrinter::PdfPrinter(Application& application, const QString& path, const QString& title)
@@ -140,7 +142,8 @@ PdfPrinter::PdfPrinter(Application& application, const QString& path, const QStr
 PdfPrinter::~PdfPrinter() = default;
 
 int PdfPrinter::Complete() {
-    if (!m_job->isComplete) m_job->Close();
+    if (!m_job->isClosed) m_job->Close();
+    if (!m_job->isComplete) throw Failure(failure::kDeviceError);
     return m_job->pages;
 }
 

@@ -24,7 +24,7 @@ class PdfPrinter : public Printer {
 
     // Ends the open document and writes the rest of the file, which still stands beside its place, flushed to
     // the disk. Returns the number of pages. Raises 61 or 57 when any byte of the file, however long ago,
-    // could not be written. What is drawn afterwards raises 482.
+    // could not be written; such a file never comes to its place. What is drawn afterwards raises 482.
     int Complete();
     // Completes the file and puts it in place. Returns the number of pages; with none no file is written.
     // Raises what `Complete` raises, and 75 or 70 when the old file can't be replaced.

@@ -14,7 +14,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <numeric>
+#include <optional>
+#include <utility>
 
 namespace sheetwright {
 
@@ -177,6 +178,14 @@ Picture FromBytes(const QByteArray& bytes) {
     return picture;
 }
 
+// Empty for a file that is no picture.
+Picture PictureOrNone(const QString& path) {
+    Picture picture;
+    const std::optional<Failure> caught = Ignoring([&] { picture = LoadPicture(path); });
+    if (caught && caught->Number() != failure::kInvalidPicture) throw Failure(*caught);
+    return picture;
+}
+
 }  // namespace
 
 Picture LoadPicture(const QString& stored) {
@@ -193,36 +202,34 @@ Picture PictureOf(const QByteArray& bytes) {
 const Picture& PictureCache::Load(const QString& stored) {
     const QString path = OnDisk(stored);
     const QFileInfo info(path);
-    const QDateTime modified = info.lastModified();
-    const qint64 size = info.size();
-    const auto found = m_entries.find(path);
-    if (found != m_entries.end()) {
-        Entry& entry = found->second;
-        entry.lastUse = ++m_uses;
-        if (info.isFile() && entry.modified == modified && entry.size == size) return entry.picture;
-        m_entries.erase(found);
+    Entry entry{{}, info.lastModified(), info.size(), ++m_uses};
+    auto found = m_entries.find(path);
+    if (found != m_entries.end() &&
+        !(info.isFile() && found->second.modified == entry.modified && found->second.size == entry.size)) {
+        Remove(found);
+        found = m_entries.end();
     }
-    Picture picture = LoadPicture(path);
-    MakeRoom(picture.image.sizeInBytes());
-    const Entry entry{std::move(picture), modified, size, ++m_uses};
-    return m_entries.insert_or_assign(path, entry).first->second.picture;
+    if (found == m_entries.end()) {
+        entry.picture = PictureOrNone(path);
+        MakeRoom(BytesOf(entry));
+        m_bytes += BytesOf(entry);
+        found = m_entries.emplace(path, std::move(entry)).first;
+    }
+    found->second.lastUse = m_uses;
+    if (found->second.picture.IsEmpty()) throw Failure(failure::kInvalidPicture);
+    return found->second.picture;
 }
 
-void PictureCache::Clear() {
-    m_entries.clear();
+void PictureCache::Remove(Entries::iterator entry) {
+    m_bytes -= BytesOf(entry->second);
+    m_entries.erase(entry);
 }
 
 void PictureCache::MakeRoom(qint64 bytes) {
-    const auto used = [this] {
-        return std::accumulate(m_entries.begin(), m_entries.end(), qint64{0},
-                               [](qint64 sum, const auto& item) {
-                                   return sum + qint64{item.second.picture.image.sizeInBytes()};
-                               });
-    };
-    while (!m_entries.empty() && used() + bytes > m_mostBytes)
-        m_entries.erase(std::min_element(
-            m_entries.begin(), m_entries.end(),
-            [](const auto& one, const auto& other) { return one.second.lastUse < other.second.lastUse; }));
+    while (!m_entries.empty() && m_bytes + bytes > m_mostBytes)
+        Remove(std::min_element(m_entries.begin(), m_entries.end(), [](const auto& one, const auto& other) {
+            return one.second.lastUse < other.second.lastUse;
+        }));
 }
 
 }  // namespace sheetwright

@@ -93,7 +93,7 @@ class PrintJob {
           m_form{document.application, *document.surfaces, document.PrintElements, document.MyTempDir,
                  m_formFolder},
           m_log(document.application, QStringLiteral("PrintPages")),
-          m_cache(*document.designCache, m_ownCache, document.application, document.memory) {}
+          m_cache(*document.designCache, m_ownCache) {}
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
@@ -193,7 +193,7 @@ void PrintJob::PrintDesign(std::int16_t number) {
     log.page = number;
     log.line = 1;
     Design* design = nullptr;
-    log.Run([&] { design = &m_cache->DesignOf(m_document.memory, number); });
+    log.Run([&] { design = &m_cache->DesignOf(m_document.application, m_document.memory, number); });
     const bool isStillThere = design != nullptr && design == m_cache->lastDesign &&
                               m_cache->lastFilling == m_document.PrintFillings && design->isRepeatable;
     if (isStillThere) return Repeat(*design, log);

@@ -75,13 +75,15 @@ struct SpoolPrinter::Job {
     }
 
     void Follow(const QString& queue);
+    void UseQueue();
     void Begin();
     [[nodiscard]] QString Name() const;
 
     Application& application;
     std::function<QString()> documentName;
     QPrinter printer;
-    QPrinterInfo info;
+    QPrinterInfo info;        // of the queue that the next document goes to
+    bool isQueueNew = false;  // the printer doesn't use it yet
     QPageSize paperSize;
     std::int16_t paper = 0;
     std::int16_t orientation = kPortrait;
@@ -90,12 +92,19 @@ struct SpoolPrinter::Job {
 };
 
 void SpoolPrinter::Job::Follow(const QString& queue) {
-    printer.setPrinterName(queue);
     info = QPrinterInfo::printerInfo(queue);
+    isQueueNew = true;
     const QPageSize usual = info.defaultPageSize();
     paperSize = usual.isValid() ? usual : QPageSize(QPageSize::A4);
     paper = static_cast<std::int16_t>(paperSize.windowsId());
     orientation = kPortrait;
+    if (!painter.isActive()) UseQueue();
+}
+
+// Not while a document is open, which belongs to the queue that it began for.
+void SpoolPrinter::Job::UseQueue() {
+    if (!std::exchange(isQueueNew, false)) return;
+    printer.setPrinterName(info.printerName());
     // Where there is no driver to ask, it is not for the program to take the colours away.
     if (!info.supportedColorModes().contains(QPrinter::Color)) printer.setColorMode(QPrinter::Color);
 }
@@ -108,6 +117,7 @@ QString SpoolPrinter::Job::Name() const {
 // A document opens with the paper and orientation that hold now; a printer dialog may have set others.
 void SpoolPrinter::Job::Begin() {
     if (painter.isActive()) return;
+    UseQueue();
     printer.setDocName(Name());
     const bool isLandscape = orientation == kLandscape;
     printer.setPageLayout(

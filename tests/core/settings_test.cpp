@@ -3,10 +3,6 @@
 #include "support/test_application.h"
 
 #include <QDir>
-#include <QFileInfo>
-
-#include <chrono>
-#include <filesystem>
 
 namespace sheetwright {
 namespace {
@@ -85,68 +81,6 @@ TEST_F(SettingsTest, DamagedStoreReadsAsEmpty) {
     file.close();
     EXPECT_EQ(Read(QStringLiteral("S"), QStringLiteral("K"), QStringLiteral("fallback")),
               QStringLiteral("fallback"));
-}
-
-// A file that has been left alone for an hour.
-void LetSettle(const QString& path) {
-    const std::filesystem::path file = QFileInfo(path).filesystemFilePath();
-    std::filesystem::last_write_time(file,
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
-}
-
-class RememberedSettingsTest : public SettingsTest {
-  protected:
-    QString Remembered(const QString& key) const {
-        return m_settings.Read(QStringLiteral("Suite"), QStringLiteral("S"), key, QStringLiteral("fallback"));
-    }
-
-    QString m_file = m_folder.filePath(QStringLiteral("Suite.ini"));
-    Settings m_settings{m_folder.path()};
-};
-
-TEST_F(RememberedSettingsTest, WhatAnotherWritesIsSeen) {
-    for (const char* value : {"1", "2", "3"}) {
-        Write(QStringLiteral("S"), QStringLiteral("K"), QString::fromLatin1(value));
-        EXPECT_EQ(Remembered(QStringLiteral("K")), QString::fromLatin1(value));
-        LetSettle(m_file);
-        EXPECT_EQ(Remembered(QStringLiteral("K")), QString::fromLatin1(value));
-    }
-}
-
-TEST_F(RememberedSettingsTest, WhatItWritesItselfIsSeen) {
-    Write(QStringLiteral("S"), QStringLiteral("K"), QStringLiteral("1"));
-    LetSettle(m_file);
-    EXPECT_EQ(Remembered(QStringLiteral("K")), QStringLiteral("1"));
-    m_settings.Write(QStringLiteral("Suite"), QStringLiteral("S"), QStringLiteral("K"), QStringLiteral("2"));
-    LetSettle(m_file);
-    EXPECT_EQ(Remembered(QStringLiteral("K")), QStringLiteral("2"));
-}
-
-TEST_F(RememberedSettingsTest, FileThatComesAndGoesIsSeen) {
-    EXPECT_EQ(Remembered(QStringLiteral("K")), QStringLiteral("fallback"));
-    Write(QStringLiteral("S"), QStringLiteral("K"), QStringLiteral("1"));
-    LetSettle(m_file);
-    EXPECT_EQ(Remembered(QStringLiteral("K")), QStringLiteral("1"));
-    ASSERT_TRUE(QFile::remove(m_file));
-    EXPECT_EQ(Remembered(QStringLiteral("K")), QStringLiteral("fallback"));
-}
-
-TEST_F(RememberedSettingsTest, ValueThatIsMissingReadsAsEachCallersFallback) {
-    Write(QStringLiteral("S"), QStringLiteral("Other"), QStringLiteral("1"));
-    LetSettle(m_file);
-    for (const char* fallback : {"a", "b"})
-        EXPECT_EQ(m_settings.Read(QStringLiteral("Suite"), QStringLiteral("S"), QStringLiteral("K"),
-                                  QString::fromLatin1(fallback)),
-                  QString::fromLatin1(fallback));
-}
-
-TEST_F(RememberedSettingsTest, SectionAndKeyAreToldApart) {
-    Write(QStringLiteral("a"), QStringLiteral("bc"), QStringLiteral("1"));
-    Write(QStringLiteral("ab"), QStringLiteral("c"), QStringLiteral("2"));
-    LetSettle(m_file);
-    const QString suite = QStringLiteral("Suite");
-    EXPECT_EQ(m_settings.Read(suite, QStringLiteral("a"), QStringLiteral("bc")), QStringLiteral("1"));
-    EXPECT_EQ(m_settings.Read(suite, QStringLiteral("ab"), QStringLiteral("c")), QStringLiteral("2"));
 }
 
 }  // namespace

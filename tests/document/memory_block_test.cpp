@@ -5,6 +5,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
 namespace sheetwright {
 namespace {
 
@@ -49,6 +54,27 @@ TEST(MemoryBlock, AppendingGrowsTheArrayAndLeavesHolesEmpty) {
     EXPECT_EQ(memory.DataPageCount(), 30000);
     EXPECT_EQ(memory.WhichDesign(29999), 0);
     EXPECT_EQ(FailureOf([&] { memory.AppendFormData(-1, u"x"); }), 9);
+}
+
+TEST(MemoryBlock, EveryChangeOfTheDesignsIsANewRevision) {
+    MemoryBlock memory;
+    std::vector<std::uint64_t> revisions;
+    const auto note = [&] { revisions.push_back(memory.DesignRevision()); };
+    note();
+    memory.AppendFormDesign(1, u"A=1");
+    note();
+    memory.ReplaceDesignLine(1, 1, QStringLiteral("A=2"));
+    note();
+    const MemoryBlock before = memory;
+    memory = MemoryBlock();
+    note();
+    memory = before;
+    note();
+    memory = BlockOf({1});
+    note();
+    EXPECT_EQ(std::ranges::adjacent_find(revisions, std::greater_equal()), revisions.end());
+    memory.AppendFormData(1, u"A=1");
+    EXPECT_EQ(memory.DesignRevision(), revisions.back()) << "data is no design";
 }
 
 TEST(MemoryBlock, Character127BecomesALineBreak) {

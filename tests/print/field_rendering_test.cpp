@@ -47,7 +47,7 @@ class FieldRendering : public PrintingTest {
     // The picture that a picture field composes of a picture of that many pixels.
     QString Composed(int width, int height, const QStringList& changes = {}) {
         WritePicture(QStringLiteral("temporary/photo.png"), width, height);
-        m_document.surfaces->pictures.Clear();
+        m_document.surfaces->pictures = PictureCache();
         (void)DrawnField(PictureField(changes), QStringLiteral("photo.png"));
         return TextsOf(m_document.surfaces->picPicture.Recorded()).join(u';');
     }

@@ -144,6 +144,15 @@ TEST_F(FontsTest, FittingNeverPartsASurrogatePair) {
     EXPECT_EQ(fonts.Fitting(arial, text, one - 1), 1);
 }
 
+TEST_F(FontsTest, FittingOfALongRunIsTheLongestBeginningThatIsNotWider) {
+    const QString text = QStringLiteral("\U0001F600").repeated(1000);
+    for (const qsizetype characters : {1, 15, 16, 17, 31, 32, 100, 127, 128, 129, 500, 1000}) {
+        const double width = fonts.Width(arial, text.left(2 * characters));
+        EXPECT_EQ(fonts.Fitting(arial, text, width + 0.01), 2 * characters);
+        EXPECT_EQ(fonts.Fitting(arial, text, width - 0.01), 2 * characters - 2);
+    }
+}
+
 TEST_F(FontsTest, FittingOfShapedTextAgreesWithItsWidth) {
     const QString text =
         QStringLiteral("\u0645\u0631\u062D\u0628\u0627 \u05E9\u05DC\u05D5\u05DD").repeated(100);

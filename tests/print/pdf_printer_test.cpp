@@ -254,6 +254,21 @@ TEST_F(PdfPrinterTest, AFullDiskIsNoticed) {
     EXPECT_EQ(Files(), QStringList(QStringLiteral("out.pdf")));
 }
 
+TEST_F(PdfPrinterTest, AFileThatLacksBytesNeverComesToItsPlace) {
+    Write(QStringLiteral("out.pdf"), "old");
+    {
+        const auto printer = Open();
+        {
+            const FileLimit limit(100);
+            PrintAt(*printer, 0, 0, QStringLiteral("text"));
+            EXPECT_EQ(FailureOf([&] { printer->Complete(); }), 61);
+        }
+        EXPECT_EQ(FailureOf([&] { printer->Finish(); }), 57) << "although there is room again";
+    }
+    EXPECT_EQ(Read(QStringLiteral("out.pdf")), "old");
+    EXPECT_EQ(Files(), QStringList(QStringLiteral("out.pdf")));
+}
+
 TEST_F(PdfPrinterTest, APlaceThatCanNotBeWrittenIsToldAtOnce) {
     const auto opened = [&](const QString& path) {
         return FailureOf([&] { PdfPrinter(*m_application, path, QString()); });

@@ -2,6 +2,7 @@
 
 #include "print/printing_test.h"
 
+#include <utility>
 #include <vector>
 
 namespace sheetwright {
@@ -365,34 +366,42 @@ TEST_F(PrintJobTest, FieldThatEndsTwiceIsLoggedOnEveryPage) {
 
 TEST_F(PrintJobTest, CommandDuringTheJobMayPrintToo) {
     InstallPrinter();
-    class PumpingInterface : public RecordingUserInterface {
-      public:
-        void PumpMessages() override {
-            if (std::exchange(isBusy, true)) return;
-            onPump();
-        }
-        bool isBusy = false;
-        std::function<void()> onPump;
+    Design(1, Paper() + Field(QStringLiteral("a")) + Field(QStringLiteral("b")));
+    Data(1, 1, {QStringLiteral("a=x"), QStringLiteral("b=y")});
+    PictureSurface other(FontsOf(*m_application), 12000, 17000);
+    bool isBusy = false;
+    m_ui.onPump = [&] {
+        if (!std::exchange(isBusy, true)) PrintPages(m_document, other, 1, 1);
     };
-    PumpingInterface ui;
-    Application application(QStringLiteral("Sheetwright"), m_folder.path(),
-                            Settings(m_folder.filePath(QStringLiteral("settings"))), ui);
-    application.conventions = ConventionsOf(QLocale::c());
-    application.printing.printers = &m_printers;
-    frmSheetwright document(application);
-    const auto add = [&](const QStringList& design, const QStringList& data) {
-        for (const QString& line : design)
-            document.memory.AppendFormDesign(1, line);
-        for (const QString& line : data)
-            document.memory.AppendFormData(1, line);
-    };
-    add(Paper() + Field(QStringLiteral("a")) + Field(QStringLiteral("b")),
-        {QStringLiteral("BEGIN PAGE 1 DESIGN=1"), QStringLiteral("a=x"), QStringLiteral("b=y")});
-    PictureSurface other(FontsOf(application), 12000, 17000);
-    ui.onPump = [&] { PrintPages(document, other, 1, 1); };
-    PrintPages(document, m_surface, 1, 1);
+    EXPECT_EQ(Preview(1, 1), QStringList({QStringLiteral("x"), QStringLiteral("y")}));
     EXPECT_EQ(WordsOf(other.Recorded()), QStringList({QStringLiteral("x"), QStringLiteral("y")}));
-    EXPECT_EQ(WordsOf(m_surface.Recorded()), QStringList({QStringLiteral("x"), QStringLiteral("y")}));
+}
+
+TEST_F(PrintJobTest, DesignThatChangedBetweenTwoJobsIsReadAnew) {
+    InstallPrinter();
+    Design(1, Paper() + Field(QStringLiteral("a")));
+    Data(1, 1, {QStringLiteral("a=x"), QStringLiteral("b=y")});
+    EXPECT_EQ(Preview(1, 1), QStringList(QStringLiteral("x")));
+    MemoryBlock other;
+    std::swap(other, m_document.memory);
+    Design(1, Paper() + Field(QStringLiteral("b")));
+    Data(1, 1, {QStringLiteral("a=x"), QStringLiteral("b=y")});
+    EXPECT_EQ(Preview(1, 1), QStringList(QStringLiteral("y"))) << "another form with as many lines";
+    m_document.memory = other;
+    EXPECT_EQ(Preview(1, 1), QStringList(QStringLiteral("x")));
+}
+
+TEST_F(PrintJobTest, DesignThatACommandChangesDuringTheJobIsReadAnewForTheNextPage) {
+    InstallPrinter();
+    Design(1, Paper() + Field(QStringLiteral("a")));
+    for (std::int16_t page = 1; page <= 2; ++page)
+        Data(page, 1, {QStringLiteral("a=x"), QStringLiteral("b=y")});
+    const PageLines& design = m_document.memory.DesignPage(1);
+    int name = 1;
+    while (design.Line(name) != u"Name=a")
+        ++name;
+    m_ui.onPump = [&] { m_document.memory.ReplaceDesignLine(1, name, QStringLiteral("Name=b")); };
+    EXPECT_EQ(Preview(1, 2), QStringList({QStringLiteral("x"), QStringLiteral("y")}));
 }
 
 TEST_F(PrintJobTest, PrintingAsksForThePagesOfTheForm) {

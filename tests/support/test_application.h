@@ -46,7 +46,10 @@ class RecordingUserInterface : public UserInterface {
     void ShowProgress() override { progressShown = true; }
     void SetProgress(int percent) override { progress.push_back(percent); }
     void HideProgress() override { progressShown = false; }
-    void PumpMessages() override { ++pumps; }
+    void PumpMessages() override {
+        ++pumps;
+        if (onPump) onPump();
+    }
     void Beep() override { ++beeps; }
     void TellHost(const QString& line) override { hostLines << line; }
 
@@ -63,6 +66,7 @@ class RecordingUserInterface : public UserInterface {
     QStringList hostLines;
     std::vector<PrinterDialog> printerDialogs;            // as they were shown
     std::function<void(PrinterDialog&)> onPrinterDialog;  // what the person does with one
+    std::function<void()> onPump;                         // the commands that come in then
     std::vector<MessageAnswer> answers;                   // given in order; then Ok or Yes
 };
 

@@ -138,6 +138,18 @@ TEST_F(SpoolPrinterTest, AJobThatTheSpoolerRefusesIsNoticed) {
     EXPECT_EQ(m_server.Documents().size(), 1);
 }
 
+TEST_F(SpoolPrinterTest, AnOpenDocumentStaysWithTheQueueThatItBeganFor) {
+    SpoolPrinter printer(*m_application, S("kept"));
+    printer.Print(S("for kept"));
+    printer.SetQueue(S("other"));
+    EXPECT_EQ(FailureOf([&] { printer.EndDoc(); }), std::nullopt);
+    ASSERT_EQ(m_server.Documents().size(), 1);
+    EXPECT_EQ(PdfText(m_server.Documents().first(), 1), "for kept");
+    printer.Print(S("for other"));
+    EXPECT_EQ(FailureOf([&] { printer.EndDoc(); }), 482) << "it takes no jobs";
+    EXPECT_EQ(m_server.Documents().size(), 1);
+}
+
 TEST_F(SpoolPrinterTest, ASpoolerThatIsGoneIsNoticed) {
     SpoolPrinter printer(*m_application, S("kept"));
     printer.Print(S("text"));

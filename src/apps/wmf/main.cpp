@@ -6,12 +6,14 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <sys/resource.h>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -35,6 +37,16 @@ void LimitThisProcess() {
 #endif
 }
 
+// On the platform that shows no windows, whatever display there is. Starting wants a folder for what runs,
+// and makes one that stays if it is not given any.
+std::unique_ptr<QGuiApplication> StartedApplication(int& argc, char** argv) {
+    const QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");  // may insist on a display
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 bool Write(const QImage& image) {
     QFile output;
     return output.open(stdout, QIODevice::WriteOnly) &&
@@ -46,8 +58,7 @@ bool Write(const QImage& image) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    const std::unique_ptr<QGuiApplication> application = StartedApplication(argc, argv);
     LimitThisProcess();
     const QSize pixels(argc == 3 ? std::atoi(argv[1]) : 0, argc == 3 ? std::atoi(argv[2]) : 0);
     const bool isReasonable = !pixels.isEmpty() && pixels.width() <= kLongestSide &&
