@@ -82,4 +82,14 @@ std::int32_t ToInt32(double number) {
     return Narrow<std::int32_t>(number);
 }
 
+float ToSingle(double number) {
+    if (!(std::abs(number) <= double{std::numeric_limits<float>::max()})) throw Failure(failure::kOverflow);
+    return static_cast<float>(number);
+}
+
+double Quotient(double dividend, double divisor) {
+    if (divisor == 0) throw Failure(failure::kDivisionByZero);
+    return dividend / divisor;
+}
+
 }  // namespace sheetwright

@@ -89,4 +89,10 @@ std::optional<Failure> Catching(Step&& step) {
 [[nodiscard]] std::int16_t ToInt16(double number);
 [[nodiscard]] std::int32_t ToInt32(double number);
 
+// Checked narrowing to single precision. Raises 6 beyond it, also for a number that is not finite.
+[[nodiscard]] float ToSingle(double number);
+
+// Raises 11 when `divisor` is 0.
+[[nodiscard]] double Quotient(double dividend, double divisor);
+
 }  // namespace sheetwright

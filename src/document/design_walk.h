@@ -1,7 +1,7 @@
 #pragma once
 
-// Cuts the lines of a design page into its records, as steps in the order of the lines. Everything that walks
-// a design goes by these steps: printing for each page anew, the page on screen once.
+// Cuts the lines of a design page into its records, as steps in the order of the lines, so that a design that
+// is walked for many pages is cut once.
 
 #include "document/design_records.h"
 

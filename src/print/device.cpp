@@ -4,15 +4,12 @@
 #include "print/print_state.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace sheetwright {
 
 namespace {
 
 constexpr double kLargestFont = 2160;  // points
-constexpr std::int16_t kInsideSolid = 6;
-constexpr std::int16_t kSolidFill = 0;
 
 }  // namespace
 
@@ -58,7 +55,7 @@ void Device::SetDrawWidth(double pixels) {
 }
 
 void Device::SetDrawStyle(std::int16_t style) {
-    if (style < 0 || style > kInsideSolid) throw Failure(failure::kInvalidProperty);
+    if (style < 0 || style > draw_style::kInsideSolid) throw Failure(failure::kInvalidProperty);
     m_drawStyle = style;
 }
 
@@ -78,7 +75,7 @@ void Device::Line(double x1, double y1, double x2, double y2, Colour colour, QSt
     if (mode == u"B") {
         Draw(DrawnBox{x1, y1, x2, y2, PenIn(colour), m_fill});
     } else if (mode == u"BF") {
-        Draw(DrawnBox{x1, y1, x2, y2, PenIn(colour), Fill{colour, kSolidFill}});
+        Draw(DrawnBox{x1, y1, x2, y2, PenIn(colour), Fill{colour, fill_style::kSolid}});
     } else {
         Draw(DrawnLine{x1, y1, x2, y2, PenIn(colour)});
     }

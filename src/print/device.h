@@ -132,6 +132,11 @@ class Device : public Measurer {
     int m_bkMode = 1;
 };
 
+namespace orientation {
+inline constexpr std::int16_t kPortrait = 1;
+inline constexpr std::int16_t kLandscape = 2;
+}  // namespace orientation
+
 // Sends documents to a spooler, one after the other. A document opens with the first output after the last
 // one ended; orientation and paper hold for the documents that open after they are set.
 class Printer : public Device {
@@ -140,7 +145,7 @@ class Printer : public Device {
 
     // Sends the open document; without one it does nothing. Raises 57 or what else the spooler says.
     virtual void EndDoc() = 0;
-    // 1 portrait, 2 landscape. Raises 380 for any other number.
+    // Raises 380 for a number that is no orientation.
     [[nodiscard]] virtual std::int16_t Orientation() const = 0;
     virtual void SetOrientation(std::int16_t orientation) = 0;
     // A printer's paper code. Raises 380 for one that the printer doesn't have.

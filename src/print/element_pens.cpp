@@ -13,6 +13,13 @@ void DrawFrame(const PrintState& state, Device& device, const Extent& place) {
             place.top + place.height - state.ScreenTwipsPerPixelY, Colour{0});
 }
 
+void DrawRule(const PrintState& state, Device& device, const Extent& place, QStringView mode) {
+    constexpr double kRuleHeight = 30;
+    const double y = place.top + place.height - kRuleHeight;
+    DrawLine(state, device, place.left, y, place.left + place.width - state.ScreenTwipsPerPixelX, y,
+             Colour{0}, mode);
+}
+
 FontSpec PaintedFont(const TextRecord& record) {
     FontSpec font;
     font.family = record.FontName();

@@ -37,8 +37,8 @@ struct Unguarded {
 // A box one screen pixel smaller on the right and at the bottom than `place`: what a control on screen shows.
 void DrawFrame(const PrintState& state, Device& device, const Extent& place);
 
-// How far above the bottom edge the rule under a text lies, in twips.
-inline constexpr double kRuleHeight = 30;
+// The rule under a text, 30 twips above the bottom edge of `place`. `mode` as for `DrawLine`.
+void DrawRule(const PrintState& state, Device& device, const Extent& place, QStringView mode = {});
 
 // What text boxes are drawn with. Raise 5 for missing keys; places past 16 bits raise 6.
 [[nodiscard]] FontSpec PaintedFont(const TextRecord& record);

@@ -71,11 +71,8 @@ void DrawBorder(const PrintState& state, Device& device, const Look& field) {
     const double style = field.BorderStyle();
     if (style != 1 && style != 2) return;
     SetFramePen(state, device, Unguarded());
-    const Extent place = field.Place();
-    if (style == 1) return DrawFrame(state, device, place);
-    const double y = place.top + place.height - kRuleHeight;
-    DrawLine(state, device, place.left, y, place.left + place.width - state.ScreenTwipsPerPixelX, y,
-             Colour{0}, u"B");
+    if (style == 1) return DrawFrame(state, device, field.Place());
+    DrawRule(state, device, field.Place(), u"B");
 }
 
 template <typename Look>
@@ -91,16 +88,11 @@ struct Size {
     double height = 0;
 };
 
-double Divided(double number, double by) {
-    if (by == 0) throw Failure(failure::kDivisionByZero);
-    return number / by;
-}
-
 // The largest size of the picture's shape that fits the box, in whole twips.
 Size Fitted(const Size& box, const Size& picture) {
-    const bool isWide = static_cast<float>(Divided(box.width, box.height)) <
-                        static_cast<float>(Divided(picture.width, picture.height));
-    const double scale = isWide ? box.width / picture.width : Divided(box.height, picture.height);
+    const bool isWide =
+        ToSingle(Quotient(box.width, box.height)) < ToSingle(Quotient(picture.width, picture.height));
+    const double scale = isWide ? box.width / picture.width : Quotient(box.height, picture.height);
     const auto cut = [](double twips) { return static_cast<double>(ToInt16(std::trunc(twips))); };
     return isWide ? Size{cut(box.width), cut(scale * picture.height)}
                   : Size{cut(scale * picture.width), cut(box.height)};

@@ -13,11 +13,6 @@ namespace {
 
 constexpr double kNearlyStraight = 60;  // twips
 
-void SetFramePen(const ElementDrawing& element) {
-    SetFramePen(element.State(), element.device,
-                [&](auto&& statement) { element.Step(std::forward<decltype(statement)>(statement)); });
-}
-
 // In pixels of the device. A thin or patterned line keeps a pen of one pixel: a thicker one would turn its
 // pattern solid.
 double OutlinePen(const ElementDrawing& element, std::int16_t borderWidth) {
@@ -27,13 +22,12 @@ double OutlinePen(const ElementDrawing& element, std::int16_t borderWidth) {
 
 void SetLinePen(const ElementDrawing& element, const OutlineRecord& record) {
     constexpr std::int16_t kLastPattern = 5;
-    constexpr std::int16_t kInsideSolid = 6;
     std::int16_t type = 0;
     element.Step([&] { type = record.BorderType(); });
     if (type <= kLastPattern) {
         element.Step([&] { element.device.SetDrawStyle(ToInt16(type - 1.0)); });
-    } else if (type == kInsideSolid) {
-        element.device.SetDrawStyle(kInsideSolid);
+    } else if (type == draw_style::kInsideSolid) {
+        element.device.SetDrawStyle(draw_style::kInsideSolid);
     }
     std::int16_t width = 0;
     element.Step([&] { width = record.BorderWidth(); });
@@ -80,14 +74,12 @@ double BorderStyleOf(const ElementDrawing& element, const Record& record) {
     return style;
 }
 
-void DrawRule(const PrintState& state, Device& device, const RecordView& record) {
-    const Extent place = record.Place();
-    const double y = place.top + place.height - kRuleHeight;
-    DrawLine(state, device, place.left, y, place.left + place.width - state.ScreenTwipsPerPixelX, y,
-             Colour{0});
-}
-
 }  // namespace
+
+void SetFramePen(const ElementDrawing& element) {
+    SetFramePen(element.State(), element.device,
+                [&](auto&& statement) { element.Step(std::forward<decltype(statement)>(statement)); });
+}
 
 void ApplyPage(const ElementDrawing& element) {
     Application& application = element.form.application;
@@ -154,7 +146,7 @@ void DrawLabelElement(const ElementDrawing& element) {
     const double borderStyle = BorderStyleOf(element, label);
     if (borderStyle == 1 || borderStyle == 2) SetFramePen(element);
     if (borderStyle == 1) element.Step([&] { DrawFrame(state, device, label.Place()); });
-    if (borderStyle == 2) element.Step([&] { DrawRule(state, device, label); });
+    if (borderStyle == 2) element.Step([&] { DrawRule(state, device, label.Place()); });
     element.Step([&] { state.AlignmentMode = label.Alignment(); });
     element.Step([&] {
         const QString& caption = label.Caption();

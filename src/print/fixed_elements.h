@@ -27,10 +27,14 @@ struct ElementDrawing {
 
     template <typename Statement>
     void Step(Statement&& statement) const {
-        LoggedStep(form.application, QStringLiteral("PrintControl"), QString(),
-                   std::forward<Statement>(statement));
+        if (LoggedStep(form.application, QStringLiteral("PrintControl"), QString(),
+                       std::forward<Statement>(statement)))
+            ++State().lostSteps;
     }
 };
+
+// The pen of frames, each statement a step.
+void SetFramePen(const ElementDrawing& element);
 
 void ApplyPage(const ElementDrawing& element);
 void DrawFrameElement(const ElementDrawing& element);

@@ -53,8 +53,7 @@ void DrawPictureElement(const ElementDrawing& element) {
     element.Step([&] { borderStyle = record.BorderStyle(); });
     const bool isFramed = borderStyle == 1;
     if (isFramed) {
-        SetFramePen(state, element.device,
-                    [&](auto&& statement) { element.Step(std::forward<decltype(statement)>(statement)); });
+        SetFramePen(element);
         element.Step([&] {
             const Extent place = record.Place();
             DrawBox(state, element.device, place.left, place.top, place.left + place.width,

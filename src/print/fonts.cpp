@@ -3,6 +3,7 @@
 #include "core/application.h"
 #include "print/font_face.h"
 #include "print/font_stand_ins.h"
+#include "print/units.h"
 
 #include <QFontDatabase>
 #include <QHash>
@@ -17,7 +18,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
 constexpr double kPointsPerInch = 72;
 constexpr qsizetype kLongestName = 100;
 constexpr std::size_t kMostDrawnFonts = 256;

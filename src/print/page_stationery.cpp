@@ -9,9 +9,6 @@
 
 #include <QScopeGuard>
 
-#include <cmath>
-#include <limits>
-
 namespace sheetwright {
 
 namespace {
@@ -26,11 +23,6 @@ PrePrinted& StationeryOf(frmSheetwright& document) {
             document.application.printing, [] { return &kTwips; },
             [&pictures = document.surfaces->pictures](const QString& path) { return pictures.Load(path); });
     return *document.stationery;
-}
-
-float ToSingle(double number) {
-    if (!(std::abs(number) <= double{std::numeric_limits<float>::max()})) throw Failure(failure::kOverflow);
-    return static_cast<float>(number);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "print/fonts.h"
 #include "print/item_painter.h"
 #include "print/paper_table.h"
+#include "print/units.h"
 
 #include <QFileInfo>
 #include <QIODevice>
@@ -21,10 +22,9 @@ namespace sheetwright {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
-constexpr double kTwipsPerPoint = 20;
-constexpr std::int16_t kPortrait = 1;
-constexpr std::int16_t kLandscape = 2;
+using orientation::kLandscape;
+using orientation::kPortrait;
+
 constexpr std::int16_t kA4 = 9;
 constexpr PaperExtent kA4Portrait{11906, 16838};
 
@@ -87,7 +87,10 @@ QPageLayout LayoutOf(PaperExtent extent) {
 
 struct PdfPrinter::Job {
     Job(Application& owner, const QString& path)
-        : application(owner), file(path, kUnfinishedSuffix.toString()), device(file.Beside()), writer(&device) {}
+        : application(owner),
+          file(path, kUnfinishedSuffix.toString()),
+          device(file.Beside()),
+          writer(&device) {}
 
     void BeginPage();
     void Close();
@@ -133,7 +136,7 @@ void PdfPrinter::Job::Close() {
 PdfPrinter::PdfPrinter(Application& application, const QString& path, const QString& title)
     : Printer(FontsOf(application)),
       m_job((RequireReplaceable(path), std::make_unique<Job>(application, path))) {
-    m_job->writer.setResolution(kTwipsPerInch);
+    m_job->writer.setResolution(static_cast<int>(kTwipsPerInch));
     m_job->writer.setTitle(title);
     m_job->writer.setCreator(QStringLiteral("Sheetwright"));
     m_job->extent = ExtentOf(application, kA4, kPortrait).value_or(kA4Portrait);

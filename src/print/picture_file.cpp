@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "core/paths.h"
+#include "print/units.h"
 #include "print/wmf_picture.h"
 
 #include <QBuffer>
@@ -21,7 +22,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr int kMostBytesPerPixel = 8;
 constexpr qint64 kMegabyte = 1LL << 20;
 
@@ -172,8 +172,8 @@ Picture FromBytes(const QByteArray& bytes) {
     if (format == "ico") reader.jumpToImage(LargestIcon(bytes));
     Picture picture;
     picture.image = ForPainting(Decoded(reader));
-    picture.width = picture.image.width() * kTwipsPerPixel;
-    picture.height = picture.image.height() * kTwipsPerPixel;
+    picture.width = picture.image.width() * kTwipsPerScreenPixel;
+    picture.height = picture.image.height() * kTwipsPerScreenPixel;
     picture.isPhotograph = format == "jpeg";
     return picture;
 }

@@ -4,6 +4,7 @@
 #include "print/canvas.h"
 #include "print/fonts.h"
 #include "print/item_painter.h"
+#include "print/units.h"
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -15,7 +16,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr double kInchesPerMetre = 1 / 0.0254;
 constexpr double kMostDotsPerMetre = 1e9;
 

@@ -4,6 +4,7 @@
 // page on screen, the preview and the hidden surfaces on which pictures are put together are such surfaces.
 
 #include "print/device.h"
+#include "print/units.h"
 
 #include <QImage>
 
@@ -24,8 +25,8 @@ class PictureSurface : public Device {
     [[nodiscard]] double Height() const override { return m_height; }
     void SetWidth(double twips) override;
     void SetHeight(double twips) override;
-    [[nodiscard]] double TwipsPerPixelX() const override { return 15; }
-    [[nodiscard]] double TwipsPerPixelY() const override { return 15; }
+    [[nodiscard]] double TwipsPerPixelX() const override { return kTwipsPerScreenPixel; }
+    [[nodiscard]] double TwipsPerPixelY() const override { return kTwipsPerScreenPixel; }
 
     // Where the surface stands on its parent, in twips.
     double Left = 0;

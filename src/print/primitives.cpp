@@ -89,12 +89,6 @@ struct NamedShape {
 constexpr NamedShape kShapes[] = {
     {u"rect", DrawRect}, {u"square", DrawSquare}, {u"oval", DrawOval}, {u"circle", DrawCircle}};
 
-float ToSingle(double number) {
-    const auto single = static_cast<float>(number);
-    if (!std::isfinite(single)) throw Failure(failure::kOverflow);
-    return single;
-}
-
 float DriverAdjust(const Application& application, const Device& device, const QString& key) {
     const QString text = application.settings.Read(QStringLiteral("Tolvane Printer"), device.DriverName(),
                                                    key, QStringLiteral("0"));

@@ -36,7 +36,7 @@ constexpr int kStationeryY = 4;
 // Logs what fails in a routine and lets its walk go on, until it is switched off: then failures travel.
 class FailureLog {
   public:
-    FailureLog(const Application& application, QString routine)
+    FailureLog(Application& application, QString routine)
         : m_application(application), m_routine(std::move(routine)) {}
 
     int page = 0;
@@ -51,6 +51,7 @@ class FailureLog {
             std::forward<Step>(step)();
         } catch (const Failure& caught) {
             if (!m_isOn) throw;
+            ++m_application.printing.lostSteps;
             Ignoring([&] { LogError(m_application, m_routine, Place(), caught.Number()); });
         }
     }
@@ -58,7 +59,7 @@ class FailureLog {
   private:
     [[nodiscard]] QString Place() const { return QStringLiteral("Page:%1; Line:%2").arg(page).arg(line); }
 
-    const Application& m_application;
+    Application& m_application;
     QString m_routine;
     bool m_isOn = true;
 };

@@ -27,6 +27,9 @@ struct PrintState {
     // As they were when the job began that is running; none outside a job.
     std::optional<LabelOffsets> labelOffsets;
 
+    // Steps of drawing that failed, were logged and left out, since the program began.
+    std::int64_t lostSteps = 0;
+
     // The virtual screen on which all layout is made, whatever the real monitor: 96 dots per inch.
     double ScreenTwipsPerPixelX = 15;
     double ScreenTwipsPerPixelY = 15;

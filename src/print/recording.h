@@ -17,6 +17,15 @@ namespace sheetwright {
 
 using Colour = std::uint32_t;  // red in the low byte, then green, then blue; the high byte is ignored
 
+namespace draw_style {
+inline constexpr std::int16_t kTransparent = 5;
+inline constexpr std::int16_t kInsideSolid = 6;
+}  // namespace draw_style
+
+namespace fill_style {
+inline constexpr std::int16_t kSolid = 0;
+}  // namespace fill_style
+
 struct Pen {
     Colour colour = 0;
     double width = 15;       // twips

@@ -12,7 +12,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr std::int16_t kSolidFill = 0;
 constexpr double kHatchSpacing = 8 * kTwipsPerScreenPixel;
 constexpr double kClosestHatch = 2;  // pixels; what is closer becomes a tint
 constexpr int kTintAlpha = 48;       // of 255: about what the lines would cover
@@ -60,7 +59,7 @@ QColor TintOf(Colour colour) {
 
 void FillRect(Canvas& canvas, const Fill& fill, const QRectF& rect) {
     const bool isHatch = IsHatch(fill.style);
-    if (fill.style != kSolidFill && !isHatch) return;
+    if (fill.style != fill_style::kSolid && !isHatch) return;
     const QRectF seen = rect & canvas.Visible();
     if (seen.isEmpty()) return;
     canvas.SetAntialiasing(false);
@@ -181,7 +180,7 @@ void PaintEllipse(Canvas& canvas, const DrawnEllipse& ellipse) {
     const QRectF outline = StrokedRect(canvas, stroke, OutlineOf(stroke, bounds));
     const double largest = kLargestCurve * (visible.width() + visible.height());
     const bool isLarge = outline.width() > largest || outline.height() > largest;
-    if (fill.style == kSolidFill) FillEllipse(canvas, ColourOf(fill.colour), outline, isLarge);
+    if (fill.style == fill_style::kSolid) FillEllipse(canvas, ColourOf(fill.colour), outline, isLarge);
     if (IsHatch(fill.style)) HatchEllipse(canvas, fill, outline, isLarge);
     StrokeEllipse(canvas, stroke, outline, isLarge);
 }

@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "print/device.h"
 #include "print/print_state.h"
+#include "print/units.h"
 
 #include <cmath>
 #include <utility>
@@ -11,7 +12,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr float kUprightA4 = 1.41F;  // height over width, cut to two decimals
 constexpr double kA4Inches = 11.7;   // height
 constexpr double kResolutionStep = 50;
@@ -20,11 +20,6 @@ constexpr std::int16_t kUsualResolution = 200;
 // In single precision all through: 1.41 itself must come out as 1.41, which in double precision it doesn't.
 float CutToTwoDecimals(float number) {
     return std::floor(number * 100.0F) / 100.0F;
-}
-
-double Quotient(double dividend, double divisor) {
-    if (divisor == 0) throw Failure(failure::kDivisionByZero);
-    return dividend / divisor;
 }
 
 }  // namespace

@@ -4,20 +4,13 @@
 
 #include "print/canvas.h"
 #include "print/recording.h"
+#include "print/units.h"
 
 #include <QLineF>
 #include <QList>
 #include <QPen>
 
 namespace sheetwright {
-
-namespace draw_style {
-inline constexpr std::int16_t kTransparent = 5;
-inline constexpr std::int16_t kInsideSolid = 6;
-}  // namespace draw_style
-
-// A screen pixel, in which dashes and hatches are measured.
-inline constexpr double kTwipsPerScreenPixel = 15;
 
 struct Stroke {
     Stroke(const Canvas& canvas, const Pen& pen);

@@ -2,6 +2,7 @@
 
 #include "print/font_face.h"
 #include "print/fonts.h"
+#include "print/units.h"
 
 #include <QPaintDevice>
 #include <QTransform>
@@ -13,7 +14,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
 constexpr double kSmallestPixels = 0.1;  // characters below can't be seen
 constexpr double kLargestGlyphs = 200;   // pixels; larger characters are drawn as outlines
 constexpr double kExactEnough = 0.0005;  // of a font's size

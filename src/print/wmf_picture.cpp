@@ -1,6 +1,7 @@
 #include "print/wmf_picture.h"
 
 #include "core/failure.h"
+#include "print/units.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -15,7 +16,7 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kPixelsPerTwip = 384.0 / 1440;
+constexpr double kPixelsPerTwip = 4 / kTwipsPerScreenPixel;
 constexpr double kFewestPixels = 1200;  // of the longer side: drawings are made to be enlarged
 constexpr double kLongestSide = 32'000;
 constexpr int kMilliseconds = 10'000;

@@ -1,6 +1,7 @@
 #include "print/wmf_records.h"
 
 #include "core/failure.h"
+#include "print/units.h"
 
 #include <QtEndian>
 
@@ -19,8 +20,8 @@ constexpr qsizetype kPlaceableSize = 22;
 constexpr qsizetype kHeaderSize = 18;
 constexpr qsizetype kHeaderWords = 9;
 constexpr qsizetype kRecordHeaderSize = 6;
-constexpr int kTwipsPerInch = 1440;
-constexpr int kUsualExtent = 1024;  // of a window that no record tells
+constexpr qsizetype kLongestInFront = 5;  // words
+constexpr int kUsualExtent = 1024;        // of a window that no record tells
 constexpr int kAnisotropic = 8;
 constexpr int kVersion = 0x0300;
 
@@ -74,7 +75,7 @@ class Normaliser {
         if (isPlaceable) ReadPlaceable();
         CopyRecords(start + kHeaderSize);
         if (m_window.IsEmpty()) m_window = {0, 0, kUsualExtent, kUsualExtent};
-        const double twips = static_cast<double>(kTwipsPerInch) / m_unitsPerInch;
+        const double twips = kTwipsPerInch / m_unitsPerInch;
         return {Header(At<quint16>(m_bytes, start + 10)) + Front() + m_records,
                 std::abs(m_window.width) * twips, std::abs(m_window.height) * twips};
     }
@@ -150,9 +151,9 @@ class Normaliser {
 
     const QByteArray& m_bytes;
     Window m_window;
-    int m_unitsPerInch = kTwipsPerInch;
+    double m_unitsPerInch = kTwipsPerInch;
     QByteArray m_records;
-    qsizetype m_largest = kRecordHeaderSize;
+    qsizetype m_largest = kLongestInFront;  // words
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "print/fonts.h"
 #include "print/item_painter.h"
 #include "print/paper_table.h"
+#include "print/units.h"
 
 #include <QLibrary>
 #include <QPageLayout>
@@ -22,10 +23,8 @@ namespace sheetwright {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-constexpr double kTwipsPerPoint = 20;
-constexpr std::int16_t kPortrait = 1;
-constexpr std::int16_t kLandscape = 2;
+using orientation::kLandscape;
+using orientation::kPortrait;
 
 // Whether the spooler took the job that was handed to it last. Qt hands jobs over and doesn't look; CUPS,
 // which the print plug-in has loaded, remembers for each thread how its last request ended. Other spoolers

@@ -384,6 +384,24 @@ TEST_F(CliPdf, SeveralCallsMayPrintToTheSameFile) {
 }
 
 // A design of a header alone is never told to the printer, and its values find no element.
+// A label that is missing from a signed sheet must not be missing without a word.
+TEST_F(CliPdf, PartsOfTheDesignThatCanNotBeDrawnAreToldAsAWarning) {
+    const QByteArray form = FormText()
+                                .Page(S("Cover"))
+                                .Field(S("A"))
+                                .Record(S("LABEL"), {S("Caption=no place and no font")})
+                                .Data(1, {S("A=one")})
+                                .Bytes();
+    Write(S("a.aff"), form);
+    const std::string warning =
+        "warning: parts of the design could not be drawn (3); errors.csv tells why (a.aff)\n";
+    const CliResult printed = Fill({S("--pdf"), S("a.pdf")});
+    EXPECT_EQ(printed.status, 0);
+    EXPECT_EQ(printed.err, warning);
+    EXPECT_EQ(PdfText(Path(S("a.pdf")), 1), "one");
+    EXPECT_EQ(Run({S("render"), S("a.aff"), S("--png"), S("a.png")}).err, warning);
+}
+
 TEST_F(CliPdf, WhereNothingIsDrawnThereIsNothingToPrint) {
     FormText nothingDrawn;
     nothingDrawn.Page(S("Cover"), {S("-Orientation")}).Data(1, {S("A=1")});

@@ -79,5 +79,21 @@ TEST(ToInt32, NumbersThatAreNotFiniteOverflow) {
     EXPECT_EQ(FailureOf([] { static_cast<void>(ToInt16(-std::numeric_limits<double>::infinity())); }), 6);
 }
 
+TEST(ToSingle, RaisesOverflowBeyondSinglePrecision) {
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    EXPECT_EQ(ToSingle(kLargest), std::numeric_limits<float>::max());
+    EXPECT_EQ(ToSingle(-0.5), -0.5F);
+    for (const double number :
+         {kLargest * 1.001, -1e39, std::nan(""), std::numeric_limits<double>::infinity()})
+        EXPECT_EQ(FailureOf([&] { static_cast<void>(ToSingle(number)); }), 6) << number;
+}
+
+TEST(Quotient, RaisesDivisionByZero) {
+    EXPECT_EQ(Quotient(1, -4), -0.25);
+    EXPECT_EQ(Quotient(0, 3), 0);
+    for (const double divisor : {0.0, -0.0})
+        EXPECT_EQ(FailureOf([&] { static_cast<void>(Quotient(0, divisor)); }), 11);
+}
+
 }  // namespace
 }  // namespace sheetwright

@@ -114,7 +114,10 @@ void PutInPlace(Output& out, PdfPrinter& printer, const QString& target) {
 // saved.
 int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targets, PageRange pages) {
     std::unique_ptr<PdfPrinter> printer;
-    if (targets.pdf) printer = Printed(document, *targets.pdf, pages);
+    if (targets.pdf) {
+        printer = Printed(document, *targets.pdf, pages);
+        session.WarnOfLostSteps();
+    }
     if (targets.form) {
         document.Tag = *targets.form;
         if (!SaveForm(document, Recalculate::No)) return status::kFailed;

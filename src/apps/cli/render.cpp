@@ -78,6 +78,7 @@ int RunRender(Session& session, const CommandLine& line) {
                             Drawn(session.App(), *document, static_cast<std::int16_t>(page), dotsPerInch));
         session.Out().Line(name);
     }
+    session.WarnOfLostSteps();
     return status::kDone;
 }
 

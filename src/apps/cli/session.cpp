@@ -112,6 +112,15 @@ void Session::Tell(QStringView sub, const Failure& caught) {
         QStringLiteral("%1: %2 (%3)").arg(QString::number(caught.Number()), caught.Text(), m_formInHand));
 }
 
+void Session::WarnOfLostSteps() const {
+    const std::int64_t lost = m_application.printing.lostSteps;
+    if (lost == 0) return;
+    ConsoleUserInterface::PrintWarning(
+        QStringLiteral("parts of the design could not be drawn (%1); errors.csv tells why (%2)")
+            .arg(lost)
+            .arg(m_formInHand));
+}
+
 void RequirePage(const frmSheetwright& document, int page) {
     if (page >= 1 && page <= document.Pages) return;
     throw CommandError(QStringLiteral("there is no page %1: the form has %2").arg(page).arg(document.Pages));

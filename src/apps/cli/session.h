@@ -48,6 +48,10 @@ class Session {
     // logged, with the form in hand. Returns whether nothing was raised. A UsageError travels.
     bool Guarded(QStringView sub, const std::function<void()>& step);
 
+    // Says on standard error when parts of a design could not be drawn: nobody should sign a sheet from which
+    // something is missing without a word.
+    void WarnOfLostSteps() const;
+
   private:
     void Tell(QStringView sub, const Failure& caught);
     void TakeInHand(const QString& path);
