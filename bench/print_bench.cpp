@@ -10,6 +10,7 @@
 #include "print/pdf_printer.h"
 #include "print/picture_surface.h"
 #include "print/print_job.h"
+#include "print/units.h"
 
 #include <QFile>
 #include <QImage>
@@ -35,7 +36,6 @@ constexpr int kMargin = 200;
 constexpr int kPageWidth = 11906;
 constexpr int kPageHeight = 16838;
 constexpr double kFontSize = 8;  // points
-constexpr int kTwipsPerInch = 1440;
 
 int LeftOf(int field) {
     return kMargin + field % kColumns * kColumnWidth;
@@ -148,7 +148,7 @@ class PlainPage {
 
 bool WritePlainPdf(const QString& path, int pages) {
     QPdfWriter writer(path);
-    writer.setResolution(kTwipsPerInch);
+    writer.setResolution(static_cast<int>(kTwipsPerInch));
     writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
     QPainter painter;
     if (!painter.begin(&writer)) return false;

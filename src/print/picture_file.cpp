@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "core/paths.h"
+#include "print/picture_bytes.h"
 #include "print/units.h"
 #include "print/wmf_picture.h"
 
@@ -24,13 +25,13 @@ namespace {
 
 constexpr int kMostBytesPerPixel = 8;
 constexpr qint64 kMegabyte = 1LL << 20;
+constexpr qint64 kMostScannedPixels = 50 * kMostPicturePixels;  // of a JPEG; some seconds
 
 struct Signature {
     QByteArrayView front;
     const char* format;
 };
 
-constexpr QByteArrayView kPngFront("\x89PNG\r\n\x1A\n", 8);
 constexpr QByteArrayView kIconFront("\0\0\1\0", 4);
 constexpr std::array kSignatures{
     Signature{"BM", "bmp"},     Signature{"\xFF\xD8\xFF", "jpeg"}, Signature{kPngFront, "png"},
@@ -51,24 +52,6 @@ qint64 PixelsOf(QSize size) {
 
 void RequireReasonable(QSize size) {
     if (size.isEmpty() || PixelsOf(size) > kMostPicturePixels) throw Failure(failure::kInvalidPicture);
-}
-
-// The directory of an icon: 16 bytes for each image behind a header of 6, where 0 pixels stand for 256.
-int LargestIcon(const QByteArray& bytes) {
-    constexpr qsizetype kHeader = 6;
-    constexpr qsizetype kEntry = 16;
-    const auto at = [&](qsizetype position) { return static_cast<quint8>(bytes[position]); };
-    const auto pixels = [&](qsizetype position) { return at(position) == 0 ? 256 : int{at(position)}; };
-    int largest = 0;
-    int most = 0;
-    for (qsizetype entry = kHeader, index = 0; entry + kEntry <= bytes.size() && index < at(4) + 256 * at(5);
-         entry += kEntry, ++index) {
-        // Of equally large ones the one with the most colours.
-        const int rank = pixels(entry) * pixels(entry + 1) * 256 + at(entry + 6);
-        if (rank > most) largest = static_cast<int>(index);
-        most = std::max(most, rank);
-    }
-    return largest;
 }
 
 // Lets an image of that size be decoded as long as the guard lives.
@@ -162,20 +145,29 @@ Picture WithMemory(Load&& load) {
     }
 }
 
-Picture FromBytes(const QByteArray& bytes) {
-    const QByteArray format = FormatOf(bytes);
+// The picture that a decoder makes of bytes that were looked at before.
+Picture DecodedPicture(const QByteArray& bytes, const QByteArray& format) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
     if (format == "ico") reader.jumpToImage(LargestIcon(bytes));
+    if (format == "jpeg" && JpegScans(bytes) * PixelsOf(reader.size()) > kMostScannedPixels)
+        throw Failure(failure::kInvalidPicture);
     Picture picture;
     picture.image = ForPainting(Decoded(reader));
     picture.width = picture.image.width() * kTwipsPerScreenPixel;
     picture.height = picture.image.height() * kTwipsPerScreenPixel;
     picture.isPhotograph = format == "jpeg";
     return picture;
+}
+
+Picture FromBytes(const QByteArray& bytes) {
+    const QByteArray format = FormatOf(bytes);
+    if (format == "png") return DecodedPicture(PngThatShows(bytes), format);
+    const QByteArray png = format == "ico" ? PngInIcon(bytes, LargestIcon(bytes)) : QByteArray();
+    return png.isEmpty() ? DecodedPicture(bytes, format) : DecodedPicture(PngThatShows(png), "png");
 }
 
 // Empty for a file that is no picture.

@@ -1,80 +1,42 @@
 // Any bytes make a form or are refused with a failure. A form that was read is written and read again without
 // a change to any line, and can be merged into itself.
 
-#include "core/application.h"
 #include "core/failure.h"
-#include "core/user_interface.h"
-#include "document/document.h"
-#include "document/form_reader.h"
 #include "document/form_writer.h"
+#include "support/fuzz_workplace.h"
 
-#include <QFile>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace sheetwright;
 
 namespace {
 
-void Require(bool holds) {
-    if (!holds) std::abort();
+class Workplace : public FuzzWorkplace {
+  public:
+    Workplace() {
+        TheApplication().settings.Write(QStringLiteral("Tolvane Quillon Form Designer"),
+                                        QStringLiteral("frmPrefs"), QStringLiteral("CompanyLogo"),
+                                        Folder() + QStringLiteral("logo.bmp"));
+        WriteFile(QStringLiteral("logo.bmp"), "BM");
+    }
+};
+
+void AddLines(QStringList& lines, const PageLines& page) {
+    for (int position = 1; position <= page.Count(); ++position)
+        lines << page.Line(position).toString();
 }
 
-// An application in a temporary folder, with one document that is read anew for each input.
-class Workplace {
-  public:
-    Workplace()
-        : m_application(QStringLiteral("Sheetwright"), m_folder.path(), Settings(m_folder.path()), m_ui) {
-        m_application.settings.Write(QStringLiteral("Tolvane Quillon Form Designer"),
-                                     QStringLiteral("frmPrefs"), QStringLiteral("CompanyLogo"),
-                                     m_folder.filePath(QStringLiteral("logo.bmp")));
-        WriteFile(QStringLiteral("logo.bmp"), "BM");
-        m_application.conventions = ConventionsOf(QLocale::c());
-    }
-
-    void WriteFile(const QString& name, const QByteArray& bytes) const {
-        QFile file(m_folder.filePath(name));
-        Require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-    [[nodiscard]] Application& TheApplication() { return m_application; }
-    [[nodiscard]] QString Folder() const { return m_folder.path() + u'/'; }
-
-  private:
-    QTemporaryDir m_folder;
-    SilentUserInterface m_ui;
-    Application m_application;
-};
-
-class ReadDocument : public frmSheetwright {
-  public:
-    explicit ReadDocument(Workplace& workplace) : frmSheetwright(workplace.TheApplication()) {
-        MyTempDir = workplace.Folder();
-        Tag = QStringLiteral("form.aff");
-        ReadFormFile(*this);
-    }
-    ReadDocument(const ReadDocument&) = delete;
-    ReadDocument& operator=(const ReadDocument&) = delete;
-    ~ReadDocument() { MyTempDir.clear(); }
-
-    [[nodiscard]] QStringList Lines() const {
-        QStringList lines;
-        for (int number = 1; number <= memory.DesignPageCount(); ++number)
-            AddLines(lines, memory.DesignPage(number));
-        for (int number = 1; number <= memory.DataPageCount(); ++number)
-            AddLines(lines, memory.DataPage(number));
-        return lines;
-    }
-
-  private:
-    static void AddLines(QStringList& lines, const PageLines& page) {
-        for (int position = 1; position <= page.Count(); ++position)
-            lines << page.Line(position).toString();
-    }
-};
+QStringList LinesOf(const MemoryBlock& memory) {
+    QStringList lines;
+    for (int number = 1; number <= memory.DesignPageCount(); ++number)
+        AddLines(lines, memory.DesignPage(number));
+    for (int number = 1; number <= memory.DataPageCount(); ++number)
+        AddLines(lines, memory.DataPage(number));
+    return lines;
+}
 
 // Tabs and blanks before a line are indentation to the next reader, and a field may bear the name of a
 // header.
@@ -85,11 +47,11 @@ bool ReadsBackAsItIs(const QString& line) {
 }
 
 void RequireSameAfterWriting(Workplace& workplace, ReadDocument& document) {
-    const QStringList lines = document.Lines();
+    const QStringList lines = LinesOf(document.memory);
     if (!std::all_of(lines.begin(), lines.end(), ReadsBackAsItIs)) return;
     WriteFormFile(document, Recalculate::No);
     const ReadDocument again(workplace);
-    Require(again.Lines() == lines);
+    Require(LinesOf(again.memory) == lines);
 }
 
 void RequireLookupsHold(const ReadDocument& document) {

@@ -1,32 +1,24 @@
 // Any form that can be read can be drawn, as a preview and on a printer: the job ends, and whatever it can't
 // draw is logged or raised. What was drawn can be painted.
 
-#include "core/application.h"
 #include "core/failure.h"
-#include "document/document.h"
-#include "document/form_reader.h"
 #include "print/fonts.h"
 #include "print/form_surfaces.h"
 #include "print/picture_surface.h"
 #include "print/print_job.h"
+#include "support/fuzz_workplace.h"
 #include "support/recording_printer.h"
 
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace sheetwright;
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 // Fonts need one, and it must outlive them.
 QGuiApplication& GuiApplication() {
@@ -38,45 +30,19 @@ QGuiApplication& GuiApplication() {
     return application;
 }
 
-// An application in a temporary folder, with one form that is read anew for each input and a picture beside
-// it.
-class Workplace {
+// With a picture beside the form.
+class Workplace : public FuzzWorkplace {
   public:
-    Workplace()
-        : m_application(QStringLiteral("Sheetwright"), m_folder.path(), Settings(m_folder.path()), m_ui) {
-        m_application.conventions = ConventionsOf(QLocale::c());
+    Workplace() {
         QImage image(3, 2, QImage::Format_RGB32);
         image.fill(Qt::blue);
-        Require(image.save(m_folder.filePath(QStringLiteral("logo.png"))));
+        Require(image.save(Folder() + QStringLiteral("logo.png")));
         WriteFile(QStringLiteral("papersizes.csv"),
                   "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,11906,16838\r\n9,2,16838,11906\r\n");
-        m_application.LoadPaperTable();
+        TheApplication().LoadPaperTable();
     }
 
-    void WriteFile(const QString& name, const QByteArray& bytes) const {
-        QFile file(m_folder.filePath(name));
-        Require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-    void ForgetLog() const { QFile::remove(m_application.LogFolder + QStringLiteral("errors.csv")); }
-    [[nodiscard]] Application& TheApplication() { return m_application; }
-    [[nodiscard]] QString Folder() const { return m_folder.path() + u'/'; }
-
-  private:
-    QTemporaryDir m_folder;
-    SilentUserInterface m_ui;
-    Application m_application;
-};
-
-class ReadDocument : public frmSheetwright {
-  public:
-    explicit ReadDocument(Workplace& workplace) : frmSheetwright(workplace.TheApplication()) {
-        MyTempDir = workplace.Folder();
-        Tag = QStringLiteral("form.aff");
-        ReadFormFile(*this);
-    }
-    ReadDocument(const ReadDocument&) = delete;
-    ReadDocument& operator=(const ReadDocument&) = delete;
-    ~ReadDocument() { MyTempDir.clear(); }
+    void ForgetLog() { QFile::remove(TheApplication().LogFolder + QStringLiteral("errors.csv")); }
 };
 
 // A form may have thousands of pages.

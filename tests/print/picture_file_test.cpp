@@ -210,6 +210,34 @@ TEST_F(PictureFileTest, DeclaredSizesBeyondTheLimitAreRefused) {
         EXPECT_EQ(FailureOfLoading(bytes), 481);
 }
 
+// A gray picture that is gone over so often, each time for nothing.
+QByteArray JpegOfScans(quint16 side, int scans) {
+    QByteArray frame = QByteArray::fromHex("ffc2000b080000000001011100");
+    qToBigEndian(side, frame.data() + 5);
+    qToBigEndian(side, frame.data() + 7);
+    const QByteArray first = QByteArray::fromHex("ffda0008010100000000");
+    return QByteArray::fromHex("ffd8ffdb004300") + QByteArray(64, '\x10') + frame +
+           QByteArray::fromHex("ffc4001400") + QByteArray::fromHex("01") + QByteArray(16, '\0') +
+           QByteArray::fromHex("ffc4001410") + QByteArray::fromHex("01") + QByteArray(15, '\0') + '\xE0' +
+           first + QByteArray::fromHex("ffda0008010100013f00").repeated(scans - 1) +
+           QByteArray::fromHex("ffd9");
+}
+
+TEST_F(PictureFileTest, AJpegThatWouldTakeHoursIsRefused) {
+    EXPECT_EQ(PictureOf(JpegOfScans(8, 1000)).image.size(), QSize(8, 8));
+    EXPECT_EQ(FailureOfLoading(JpegOfScans(10'000, 51)), 481);
+}
+
+TEST_F(PictureFileTest, AnIconMayHoldAPng) {
+    const QByteArray png = Bytes(Image(40, 30), "png");
+    QByteArray icon = QByteArray::fromHex("0000010001002828000001002000") + QByteArray(8, '\0');
+    qToLittleEndian(static_cast<quint32>(png.size()), icon.data() + 14);
+    qToLittleEndian(static_cast<quint32>(icon.size()), icon.data() + 18);
+    const Picture picture = PictureOf(icon + png);
+    EXPECT_EQ(picture.image.size(), QSize(40, 30));
+    EXPECT_EQ(picture.image.pixelColor(0, 0), QColor(Qt::red));
+}
+
 TEST_F(PictureFileTest, ALargeScanIsNoProblem) {
     const Picture picture = PictureOf(Bytes(Image(9000, 9000, QImage::Format_Mono), "png"));
     EXPECT_EQ(picture.width, 135'000);
