@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <map>
 #include <variant>
 #include <vector>
 
@@ -78,13 +79,22 @@ using DrawnItem = std::variant<DrawnLine, DrawnBox, DrawnEllipse, DrawnText, Dra
 
 class Recording {
   public:
-    void Add(DrawnItem item) { m_items.push_back(std::move(item)); }
-    void Clear() { m_items.clear(); }
+    // Raises 7, and leaves the recording as it is, for a picture with which it would hold more than
+    // `kMostPixelBytes`.
+    void Add(DrawnItem item);
+    void Clear() { *this = Recording(); }
     [[nodiscard]] const std::vector<DrawnItem>& Items() const { return m_items; }
     [[nodiscard]] bool IsEmpty() const { return m_items.empty(); }
 
+    // Of the images of a page, each counted once. They live as long as the recording.
+    static constexpr qint64 kMostPixelBytes = 2LL << 30;
+
   private:
+    void HoldPixels(const Picture& picture);
+
     std::vector<DrawnItem> m_items;
+    std::map<qint64, qint64> m_images;  // bytes of each, by cache key
+    qint64 m_pixelBytes = 0;
 };
 
 }  // namespace sheetwright

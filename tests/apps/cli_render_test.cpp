@@ -2,6 +2,7 @@
 
 #include "apps/cli_test.h"
 #include "document/zip_builder.h"
+#include "print/metafile_builder.h"
 #include "support/form_text.h"
 
 #include <QFileInfo>
@@ -44,6 +45,16 @@ class CliRender : public CliTest {
 
     [[nodiscard]] CliResult Render(const QStringList& rest) const {
         return Run(QStringList{S("render"), S("a.aff")} + rest);
+    }
+    // A form whose one picture field shows those bytes.
+    void WriteFormWith(const QByteArray& bytes) const {
+        BuiltMember text;
+        text.name = "a.aff";
+        text.data = FormText().Page(S("Cover")).PictureField(S("A")).Data(1, {S("A=a.png")}).Bytes();
+        BuiltMember picture;
+        picture.name = "a.png";
+        picture.data = bytes;
+        Write(S("a.aff"), BuildZip({text, picture}));
     }
     [[nodiscard]] QImage Image(const char* name) const { return QImage(Path(S(name))); }
     [[nodiscard]] QStringList Files() const {
@@ -183,22 +194,48 @@ TEST_F(CliRender, ADamagedPictureIsOneErrorAndNothingElse) {
     ASSERT_TRUE(image.save(Path(S("whole.png"))));
     const QByteArray whole = Read(S("whole.png"));
     const QByteArray huge = QByteArray(whole).replace(16, 8, QByteArray("\0\1\x86\xA0\0\1\x86\xA0", 8));
-    Write(S("picture.aff"), FormText().Page(S("Cover")).PictureField(S("A")).Data(1, {S("A=a.png")}).Bytes());
     for (const QByteArray& bytes :
          {QByteArray(), whole.first(1), whole.first(8), whole.first(33), huge, QByteArray("GIF89a"),
           QByteArray("BM"), QByteArray("\xFF\xD8\xFF"), QByteArray("PK\3\4")}) {
-        BuiltMember text;
-        text.name = "a.aff";
-        text.data = Read(S("picture.aff"));
-        BuiltMember picture;
-        picture.name = "a.png";
-        picture.data = bytes;
-        Write(S("a.aff"), BuildZip({text, picture}));
+        WriteFormWith(bytes);
         const CliResult result = Render({S("--png"), S("out.png")});
         EXPECT_EQ(result.status, 1) << bytes.size();
         EXPECT_EQ(result.err, "error: 481: Invalid picture (a.aff)\n") << bytes.size();
     }
     EXPECT_FALSE(QFileInfo::exists(Path(S("out.png"))));
+}
+
+TEST_F(CliRender, APictureCutShortIsDrawnWithoutARemark) {
+    for (const char* format : {"png", "jpg", "bmp"}) {
+        QImage image(200, 200, QImage::Format_RGB32);
+        uint noise = 1;
+        for (int y = 0; y < 200; ++y)
+            for (int x = 0; x < 200; ++x)
+                image.setPixel(x, y, noise = noise * 1664525 + 1013904223);
+        const QString name = S("picture.") + S(format);
+        ASSERT_TRUE(image.save(Path(name)));
+        WriteFormWith(Read(name).first(QFileInfo(Path(name)).size() / 2));
+        const CliResult result = Render({S("--png"), S("out.png")});
+        EXPECT_EQ(result.status, 0) << format;
+        EXPECT_EQ(result.err, "") << format;
+        EXPECT_TRUE(HasInk(Image("out.png"))) << format;
+    }
+}
+
+TEST_F(CliRender, AMetafileIsDrawnAndLeavesNothingBehind) {
+    MetafileBuilder metafile;
+    WriteFormWith(metafile.Window(0, 0, 10, 10).Rectangle(0, 0, 10, 10).Plain());
+    QProcess process;
+    Prepare(process, {S("render"), S("a.aff"), S("--png"), S("out.png")}, S("C.UTF-8"));
+    QProcessEnvironment environment = process.processEnvironment();
+    environment.remove(S("XDG_RUNTIME_DIR"));
+    process.setProcessEnvironment(environment);
+    process.start();
+    const CliResult result = ResultOf(process);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_TRUE(HasInk(Image("out.png")));
+    EXPECT_EQ(LeftOvers(), QStringList());
 }
 
 TEST_F(CliRender, FailuresOfTheFormAreTold) {
