@@ -4,6 +4,7 @@
 #include "apps/cli_test.h"
 #include "document/zip_builder.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -16,10 +17,6 @@ namespace {
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QByteArray Text() {
     return FormText().Page(S("Cover")).Field(S("A")).Data(1, {S("A=1")}).Bytes();

@@ -1,13 +1,10 @@
 #include "apps/cli_test.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 namespace sheetwright {
 
 namespace {
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QByteArray Good() {
     return FormText().Page(S("Cover")).Field(S("A")).Data(1, {S("A=1")}).Bytes();

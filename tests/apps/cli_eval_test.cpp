@@ -1,15 +1,8 @@
 #include "apps/cli_test.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 namespace sheetwright {
-
-namespace {
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-}  // namespace
 
 class CliEval : public CliTest {
   protected:

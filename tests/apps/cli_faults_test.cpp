@@ -4,6 +4,7 @@
 #include "apps/cli_test.h"
 #include "document/zip_builder.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -24,10 +25,6 @@ namespace {
 using ::testing::AnyOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 FormText OneField() {
     FormText form;

@@ -1,16 +1,9 @@
 #include "apps/cli_test.h"
 #include "document/zip_reader.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 namespace sheetwright {
-
-namespace {
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-}  // namespace
 
 class CliFill : public CliTest {
   protected:

@@ -4,6 +4,7 @@
 #include "apps/cli_test.h"
 #include "support/form_text.h"
 #include "support/pdf_tools.h"
+#include "support/short_text.h"
 
 #include <QFileInfo>
 
@@ -24,10 +25,6 @@ using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 // Five data pages, upright and lying by turns.
 QByteArray MixedForm() {

@@ -4,6 +4,7 @@
 #include "document/zip_builder.h"
 #include "print/metafile_builder.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -17,10 +18,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QByteArray MixedForm() {
     FormText form;

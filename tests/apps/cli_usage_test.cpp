@@ -1,6 +1,7 @@
 #include "apps/cli_test.h"
 #include "document/zip_builder.h"
 #include "support/form_text.h"
+#include "support/short_text.h"
 
 #include <QDirIterator>
 
@@ -12,10 +13,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QByteArray OneField() {
     return FormText().Page(S("Cover")).Field(S("A")).Data(1, {S("A=1")}).Bytes();
@@ -41,7 +38,8 @@ TEST_F(CliUsage, AnUnknownVerbIsWrong) {
 TEST_F(CliUsage, HelpListsAllVerbs) {
     const CliResult result = Run({S("--help")});
     EXPECT_EQ(result.status, 0);
-    for (const char* verb : {"  info FORM\n", "  values FORM", "  fill FORM", "  render FORM", "  eval FORM", "  check FORM"})
+    for (const char* verb :
+         {"  info FORM\n", "  values FORM", "  fill FORM", "  render FORM", "  eval FORM", "  check FORM"})
         EXPECT_THAT(result.out, HasSubstr(verb));
     EXPECT_EQ(result.err, "");
 }

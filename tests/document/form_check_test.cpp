@@ -1,6 +1,7 @@
 #include "document/form_check.h"
 
 #include "support/form_text.h"
+#include "support/short_text.h"
 #include "support/test_application.h"
 
 #include <gmock/gmock.h>
@@ -35,10 +36,6 @@ FormText OnePage() {
     FormText form;
     form.Page(QStringLiteral("Cover"));
     return form;
-}
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
 }
 
 }  // namespace

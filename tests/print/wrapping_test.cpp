@@ -241,8 +241,8 @@ TEST(Wrapping, RealFontsBreakAsStepByStep) {
             const double filled = measurer.TextWidth(text.left(texts.Below(20)) + u'-');
             const double width = texts.Below(2) == 0 ? filled : texts.Below(3000);
             ASSERT_EQ(WrappedText(measurer, text, width), StepByStep(measurer, text, width).Run())
-                << family << ", width " << width << " of \""
-                << text.toUtf8().toPercentEncoding().constData() << '"';
+                << family << ", width " << width << " of \"" << text.toUtf8().toPercentEncoding().constData()
+                << '"';
         }
     }
 }

@@ -6,6 +6,7 @@
 #include "support/cups_server.h"
 #include "support/form_text.h"
 #include "support/pdf_tools.h"
+#include "support/short_text.h"
 #include "support/test_application.h"
 
 #include <QPrinter>
@@ -18,10 +19,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-QString S(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 // Where print servers of tests listen: libraries ask for the address once in a process, so it is set before
 // anything asks, for all tests.
