@@ -59,6 +59,7 @@ class DesignCheck {
         if (!m_page.hasTitle) reportOnPage(QStringLiteral("Title is missing"));
         CheckKeys(u"PAGE", m_page.keys, m_setting.words, reportOnPage);
         CheckStationery();
+        CheckPaper();
         for (const RecordOutline& record : m_page.records)
             CheckRecord(record);
     }
@@ -120,6 +121,25 @@ class DesignCheck {
         if (found == m_page.keys.end()) return;
         const qsizetype bar = found->value.indexOf(u'|');
         CheckPicture(bar < 0 ? found->value : found->value.first(bar), QStringLiteral("page"));
+    }
+
+    // The page would take the size of whatever paper came before.
+    void CheckPaper() {
+        const std::optional<int> code = PageNumberOf(u"PaperSize");
+        const std::optional<int> orientation = PageNumberOf(u"Orientation");
+        if (!m_setting.hasPaper || !code || !orientation || m_setting.hasPaper(*code, *orientation)) return;
+        ReportOn(
+            QStringLiteral("page"),
+            QStringLiteral("papersizes.csv has no paper %1 of orientation %2").arg(*code).arg(*orientation));
+    }
+
+    [[nodiscard]] std::optional<int> PageNumberOf(QStringView key) const {
+        const auto found = std::ranges::find(m_page.keys, key, &KeyLine::key);
+        const std::optional<double> number =
+            found == m_page.keys.end() ? std::nullopt : FormNumber(found->value);
+        const bool isCode = number && *number == std::floor(*number) &&
+                            std::abs(*number) <= std::numeric_limits<std::int16_t>::max();
+        return isCode ? std::optional(static_cast<int>(*number)) : std::nullopt;
     }
 
     void CheckFormulaOf(const RecordOutline& record, const QString& element) {

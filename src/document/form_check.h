@@ -23,6 +23,8 @@ struct FormCheckSetting {
     const Conventions& conventions;
     TruthWords words;
     std::function<bool(const QString& name)> hasPicture;  // whether the form brings that picture
+    // Whether there is such a paper; without it papers are not checked.
+    std::function<bool(int code, int orientation)> hasPaper;
 };
 
 // Reports each finding: what stands in the wrong place first, then page by page. Raises nothing of its own.

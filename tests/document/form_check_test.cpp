@@ -18,7 +18,8 @@ std::vector<std::string> Check(const QString& text, const QStringList& pictures 
     const Conventions conventions = ConventionsOf(QLocale(QLocale::English, QLocale::UnitedKingdom));
     const FormCheckSetting setting{conventions,
                                    {QStringLiteral("Wahr"), QStringLiteral("Falsch")},
-                                   [&](const QString& name) { return pictures.contains(name); }};
+                                   [&](const QString& name) { return pictures.contains(name); },
+                                   [](int code, int orientation) { return code == 9 || orientation == 2; }};
     std::vector<std::string> findings;
     CheckForm(text, setting, [&](const Finding& finding) {
         findings.push_back(
@@ -88,6 +89,12 @@ TEST(CheckForm, ATitleThatStandsInAnElementOnlyIsFound) {
     FormText form;
     form.Page(S(""), {S("-Title")}).Field(S("A"), {S("Title=Cover")});
     EXPECT_THAT(Check(form), ElementsAre("1: A: the page's Title stands in an element"));
+}
+
+TEST(CheckForm, PaperMustBeInTheTable) {
+    FormText form;
+    form.Page(S("Cover"), {S("PaperSize=999")}).Page(S("Wide"), {S("PaperSize=999"), S("Orientation=2")});
+    EXPECT_THAT(Check(form), ElementsAre("1: page: papersizes.csv has no paper 999 of orientation 1"));
 }
 
 TEST(CheckForm, OrientationAndPaperSizeAreRequired) {

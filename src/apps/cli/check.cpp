@@ -4,6 +4,7 @@
 #include "core/paths.h"
 #include "document/form_archive.h"
 #include "document/form_check.h"
+#include "print/paper_table.h"
 
 #include <QSet>
 
@@ -32,7 +33,11 @@ std::function<bool(const QString&)> PicturesOf(const QString& path) {
 qint64 CheckOne(Session& session, const QString& path, const QString& start) {
     const QString text = session.FormText(path);
     const FormCheckSetting setting{session.App().conventions, session.App().TranslatedTruthWords(),
-                                   PicturesOf(path)};
+                                   PicturesOf(path), [&](int code, int orientation) {
+                                       return FindPaper(session.App(), static_cast<std::int16_t>(code),
+                                                        static_cast<std::int16_t>(orientation))
+                                           .has_value();
+                                   }};
     qint64 count = 0;
     CheckForm(text, setting, [&](const Finding& finding) {
         ++count;
