@@ -1,5 +1,7 @@
 #include "core/user_interface.h"
 
+#include "core/failure.h"
+
 #include <algorithm>
 
 namespace sheetwright {
@@ -7,6 +9,10 @@ namespace sheetwright {
 MessageAnswer SilentUserInterface::ShowMessage(const QString& /*text*/, const QString& /*title*/,
                                                MessageIcon /*icon*/, MessageButtons buttons) {
     return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Yes;
+}
+
+void SilentUserInterface::ShowOpen(FileDialog& /*dialog*/) {
+    throw Failure(failure::kCancelled);
 }
 
 void ProgressBar::Update(qint64 done, qint64 total) {

@@ -23,6 +23,17 @@ struct PrinterDialog {
     std::int32_t flags = 0;  // 4 no selection, 256 return a device context, 1048576 hide print to file
 };
 
+// What a file-open dialog shows at first, and what the person chose in it.
+struct FileDialog {
+    QString title;
+    QString defaultExtension;  // without a dot
+    QString filter;            // "words|patterns|words|patterns"; patterns are separated by ";"
+    int filterIndex = 1;       // from 1
+    QString initialFolder;     // "" for the one that the system suggests
+    std::int32_t flags = 0;    // 4 hide read-only, 2048 the path must exist, 4096 the file must exist
+    QString fileName;
+};
+
 class UserInterface {
   public:
     UserInterface() = default;
@@ -36,6 +47,9 @@ class UserInterface {
     // Lets the person choose printer and pages; the choice becomes the system's default printer. Raises 32755
     // when it is cancelled.
     virtual void ShowPrinter(PrinterDialog& dialog) = 0;
+    // Lets the person choose a file to open: `fileName` and `filterIndex` become what was chosen. Raises
+    // 32755 when it is cancelled.
+    virtual void ShowOpen(FileDialog& dialog) = 0;
     virtual void SetPointer(Pointer pointer) = 0;
     virtual void SetStatus(const QString& text) = 0;
 
@@ -50,12 +64,14 @@ class UserInterface {
     virtual void TellHost(const QString& line) = 0;
 };
 
-// An interface on which nothing is seen and every question is answered by its first button.
+// An interface on which nothing is seen and every question is answered by its first button;
+// no file is chosen.
 class SilentUserInterface : public UserInterface {
   public:
     MessageAnswer ShowMessage(const QString& text, const QString& title, MessageIcon icon,
                               MessageButtons buttons) override;
     void ShowPrinter(PrinterDialog&) override {}  // all pages
+    void ShowOpen(FileDialog& dialog) override;   // cancelled: nobody chooses
     void SetPointer(Pointer) override {}
     void SetStatus(const QString&) override {}
     void ShowProgress() override {}

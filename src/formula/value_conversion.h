@@ -12,6 +12,7 @@
 #include <QStringView>
 
 #include <optional>
+#include <vector>
 
 namespace sheetwright {
 
@@ -82,6 +83,9 @@ void NormaliseDateTyped(QString& text, const Conventions& conventions);
 // The n-th field (from 1) of a comma-separated line: Empty past the last, a String when quoted, a Double when
 // it reads as a number (an empty field is 0), otherwise a String.
 [[nodiscard]] Value GetCsvField(QStringView line, int n, const Conventions& conventions);
+
+// All fields of a line, as GetCsvField gives them one by one; none for an empty line.
+[[nodiscard]] std::vector<Value> CsvFieldsOf(QStringView line, const Conventions& conventions);
 
 // A column's current value as people read it: BOOLEAN as the words for true and false, DATE under the mask.
 [[nodiscard]] QString FieldDisplayText(const CsvColumn& column, const Conventions& conventions,

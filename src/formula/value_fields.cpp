@@ -39,6 +39,17 @@ Value GetCsvField(QStringView line, int n, const Conventions& conventions) {
     }
 }
 
+std::vector<Value> CsvFieldsOf(QStringView line, const Conventions& conventions) {
+    std::vector<Value> fields;
+    if (line.isEmpty()) return fields;
+    for (qsizetype start = 0; start <= line.size();) {
+        const qsizetype end = FieldEnd(line, start);
+        fields.push_back(ValueOfField(line.sliced(start, end - start), conventions));
+        start = end + 1;
+    }
+    return fields;
+}
+
 QString FieldDisplayText(const CsvColumn& column, const Conventions& conventions, const TruthWords& words) {
     QString value = column.Value();
     if (column.DataType() == QStringLiteral("BOOLEAN"))

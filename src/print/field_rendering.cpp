@@ -4,9 +4,8 @@
 #include "print/element_pens.h"
 #include "print/element_rendering.h"
 #include "print/form_surfaces.h"
+#include "print/picture_fit.h"
 #include "print/primitives.h"
-
-#include <cmath>
 
 namespace sheetwright {
 
@@ -81,27 +80,6 @@ void DrawText(FormDrawing& form, Device& device, const Look& field, const QStrin
     const FontSpec& font = field.Font();
     const Colour colour = field.ForeColor();
     DrawTextBox(form.application, device, form.surfaces.picContainer, value, font, colour, field.Box());
-}
-
-struct Size {
-    double width = 0;
-    double height = 0;
-};
-
-// The largest size of the picture's shape that fits the box, in whole twips.
-Size Fitted(const Size& box, const Size& picture) {
-    const bool isWide =
-        ToSingle(Quotient(box.width, box.height)) < ToSingle(Quotient(picture.width, picture.height));
-    const double scale = isWide ? box.width / picture.width : Quotient(box.height, picture.height);
-    const auto cut = [](double twips) { return static_cast<double>(ToInt16(std::trunc(twips))); };
-    return isWide ? Size{cut(box.width), cut(scale * picture.height)}
-                  : Size{cut(scale * picture.width), cut(box.height)};
-}
-
-// In screen pixels, which keeps large photographs within 16 bits.
-Size NaturalSize(const PrintState& state, const Picture& picture) {
-    return {static_cast<double>(ToInt16(picture.width / state.ScreenTwipsPerPixelX)),
-            static_cast<double>(ToInt16(picture.height / state.ScreenTwipsPerPixelY))};
 }
 
 // Scaled to fit, centred.

@@ -36,6 +36,12 @@ TEST(ProgressBar, NothingToDoIsDone) {
     EXPECT_EQ(ui.progress, std::vector<int>{100});
 }
 
+TEST(SilentUserInterface, NobodyChoosesAFile) {
+    SilentUserInterface ui;
+    FileDialog dialog;
+    EXPECT_EQ(FailureOf([&] { ui.ShowOpen(dialog); }), failure::kCancelled);
+}
+
 TEST(SilentUserInterface, AnswersWithTheFirstButton) {
     SilentUserInterface ui;
     EXPECT_EQ(ui.ShowMessage({}, {}, MessageIcon::None, MessageButtons::Ok), MessageAnswer::Ok);

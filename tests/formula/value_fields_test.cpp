@@ -89,5 +89,16 @@ TEST_F(FieldDisplay, OnlyMinusOneIsTrueAndABlankDateShowsNothing) {
     EXPECT_EQ(Shown(QStringLiteral("What")), QStringLiteral("007"));
 }
 
+TEST(CsvFieldsOf, GivesTheFieldsThatAreGivenOneByOne) {
+    const Conventions conventions = ConventionsOf(QLocale::c());
+    for (const QString& line : {QString(), QStringLiteral(","), QStringLiteral("A,B,,C,"),
+                                QStringLiteral("\"a,b\",007,\"\""), QStringLiteral("\"open,x")}) {
+        const std::vector<Value> fields = CsvFieldsOf(line, conventions);
+        for (std::size_t index = 0; index < fields.size(); ++index)
+            EXPECT_EQ(fields[index], GetCsvField(line, static_cast<int>(index) + 1, conventions));
+        EXPECT_EQ(GetCsvField(line, static_cast<int>(fields.size()) + 1, conventions), Value(Empty()));
+    }
+}
+
 }  // namespace
 }  // namespace sheetwright

@@ -38,6 +38,11 @@ class RecordingUserInterface : public UserInterface {
         printerDialogs.push_back(dialog);
         if (onPrinterDialog) onPrinterDialog(dialog);
     }
+    void ShowOpen(FileDialog& dialog) override {
+        fileDialogs.push_back(dialog);
+        if (!onFileDialog) throw Failure(failure::kCancelled);
+        onFileDialog(dialog);
+    }
     void SetPointer(Pointer newPointer) override {
         pointer = newPointer;
         pointers.push_back(newPointer);
@@ -66,6 +71,8 @@ class RecordingUserInterface : public UserInterface {
     QStringList hostLines;
     std::vector<PrinterDialog> printerDialogs;            // as they were shown
     std::function<void(PrinterDialog&)> onPrinterDialog;  // what the person does with one
+    std::vector<FileDialog> fileDialogs;                  // as they were shown
+    std::function<void(FileDialog&)> onFileDialog;        // the same; without it the person cancels
     std::function<void()> onPump;                         // the commands that come in then
     std::vector<MessageAnswer> answers;                   // given in order; then Ok or Yes
 };
