@@ -9,7 +9,7 @@ cd "$(dirname "$0")"
 . tools/set_up.sh
 
 install_packages
-build release sheetwright-cli sheetwright_data
+build release sheetwright-cli sheetwright sheetwright_data
 
 results=$PWD/build/results
 mkdir -p "$results"

@@ -21,7 +21,7 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 
 # A person starts only what has a manual page; the helpers lie beside the executables.
 file(GLOB links RELATIVE ${prefix}/bin ${prefix}/bin/*)
-if(NOT links STREQUAL "sheetwright-cli")
+if(NOT links STREQUAL "sheetwright;sheetwright-cli;sheetwright-viewer")
     message(FATAL_ERROR "bin holds \"${links}\"")
 endif()
 file(READ_SYMLINK ${prefix}/bin/sheetwright-cli target)
@@ -29,7 +29,8 @@ if(IS_ABSOLUTE ${target})
     message(FATAL_ERROR "the link leads to ${target}, which can't be moved")
 endif()
 foreach(file IN ITEMS ${INSTALL_DIR}/sheetwright-wmf ${INSTALL_DIR}/papersizes.csv
-                      share/man/man1/sheetwright-cli.1)
+                      share/man/man1/sheetwright.1 share/man/man1/sheetwright-cli.1
+                      share/man/man1/sheetwright-viewer.1)
     if(NOT EXISTS ${prefix}/${file})
         message(FATAL_ERROR "${file} is not installed")
     endif()

@@ -5,6 +5,7 @@
 
 #include "core/conventions.h"
 #include "core/keyed_collection.h"
+#include "core/main_window.h"
 #include "core/settings.h"
 #include "core/user_interface.h"
 #include "import/csv_table.h"
@@ -14,6 +15,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 
 namespace sheetwright {
 
@@ -50,6 +52,8 @@ class Application {
     KeyedCollection<QString> FormVars;  // values of `VAR`, by upper-cased name, shared by all open documents
     PrintState printing;
     UserInterface& ui;
+    NoMainWindow noMainWindow;
+    MainWindow* mainWindow = &noMainWindow;  // never none; not owned
 
     // "Dunmorrow" in viewer mode, else "SHEETWRIGHT": the key under which the tip dialog keeps its place.
     [[nodiscard]] QString TipIdentity() const;

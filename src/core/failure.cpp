@@ -34,6 +34,7 @@ constexpr std::array kFailureNames{
     FailureName{failure::kPathNotFound, "Path not found"},
     FailureName{failure::kObjectNotSet, "Object variable not set"},
     FailureName{failure::kInvalidFormat, "Invalid file format"},
+    FailureName{failure::kNoSuchElement, "Control array element doesn't exist"},
     FailureName{failure::kInvalidProperty, "Invalid property value"},
     FailureName{failure::kNoSuchProperty, "Object doesn't support this property or method"},
     FailureName{failure::kKeyExists, "This key is already associated with an element of this collection"},

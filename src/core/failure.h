@@ -35,6 +35,7 @@ inline constexpr int kPathAccess = 75;
 inline constexpr int kPathNotFound = 76;
 inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidFormat = 321;
+inline constexpr int kNoSuchElement = 340;
 inline constexpr int kInvalidProperty = 380;
 inline constexpr int kNoSuchProperty = 438;
 inline constexpr int kKeyExists = 457;

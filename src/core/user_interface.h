@@ -23,14 +23,22 @@ struct PrinterDialog {
     std::int32_t flags = 0;  // 4 no selection, 256 return a device context, 1048576 hide print to file
 };
 
-// What a file-open dialog shows at first, and what the person chose in it.
+// What file dialogs ask for, as bits of `FileDialog::flags`.
+namespace dialogs {
+inline constexpr std::int32_t kOverwritePrompt = 2;  // for saving: an existing file is asked about
+inline constexpr std::int32_t kHideReadOnly = 4;
+inline constexpr std::int32_t kPathMustExist = 2048;
+inline constexpr std::int32_t kFileMustExist = 4096;
+}  // namespace dialogs
+
+// What a dialog for a file shows at first, and what the person chose in it.
 struct FileDialog {
     QString title;
     QString defaultExtension;  // without a dot
     QString filter;            // "words|patterns|words|patterns"; patterns are separated by ";"
     int filterIndex = 1;       // from 1
     QString initialFolder;     // "" for the one that the system suggests
-    std::int32_t flags = 0;    // 4 hide read-only, 2048 the path must exist, 4096 the file must exist
+    std::int32_t flags = 0;    // see `dialogs`
     QString fileName;
 };
 
@@ -47,11 +55,12 @@ class UserInterface {
     // Lets the person choose printer and pages; the choice becomes the system's default printer. Raises 32755
     // when it is cancelled.
     virtual void ShowPrinter(PrinterDialog& dialog) = 0;
-    // Lets the person choose a file to open: `fileName` and `filterIndex` become what was chosen. Raises
-    // 32755 when it is cancelled.
+    // Lets the person choose a file to open or to save to: `fileName` and `filterIndex` become what was
+    // chosen. Raises 32755 when it is cancelled.
     virtual void ShowOpen(FileDialog& dialog) = 0;
     virtual void SetPointer(Pointer pointer) = 0;
     virtual void SetStatus(const QString& text) = 0;
+    [[nodiscard]] virtual QString Status() const = 0;  // what was set last
 
     virtual void ShowProgress() = 0;
     virtual void SetProgress(int percent) = 0;  // 0 to 100
@@ -73,13 +82,17 @@ class SilentUserInterface : public UserInterface {
     void ShowPrinter(PrinterDialog&) override {}  // all pages
     void ShowOpen(FileDialog& dialog) override;   // cancelled: nobody chooses
     void SetPointer(Pointer) override {}
-    void SetStatus(const QString&) override {}
+    void SetStatus(const QString& text) override { m_status = text; }
+    [[nodiscard]] QString Status() const override { return m_status; }
     void ShowProgress() override {}
     void SetProgress(int) override {}
     void HideProgress() override {}
     void PumpMessages() override {}
     void Beep() override {}
     void TellHost(const QString&) override {}
+
+  private:
+    QString m_status;
 };
 
 // The progress bar of one operation: shown on construction, hidden on `Hide`. `Update` reaches the bar only

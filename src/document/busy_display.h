@@ -8,6 +8,18 @@
 
 namespace sheetwright {
 
+// A document that a pass or job goes through: it must not be closed meanwhile.
+class BusyDocument {
+  public:
+    explicit BusyDocument(int& busy) : m_busy(busy) { ++m_busy; }
+    ~BusyDocument() { --m_busy; }
+    BusyDocument(const BusyDocument&) = delete;
+    BusyDocument& operator=(const BusyDocument&) = delete;
+
+  private:
+    int& m_busy;
+};
+
 // The hourglass; the normal pointer afterwards.
 class HourglassPointer {
   public:

@@ -4,6 +4,7 @@
 #include "core/folders.h"
 #include "document/form_archive.h"
 #include "document/form_reader.h"
+#include "document/page.h"
 #include "print/design_cache.h"
 #include "print/fonts.h"
 #include "print/form_surfaces.h"
@@ -16,6 +17,7 @@ namespace sheetwright {
 frmSheetwright::frmSheetwright(Application& owner)
     : application(owner),
       surfaces(std::make_unique<FormSurfaces>(FontsOf(owner))),
+      page(std::make_unique<Page>(owner, surfaces->pictures)),
       designCache(std::make_unique<DesignCache>()) {
     // A form that was printed on stationery before must not shift this one.
     application.printing.PrintXAdjust = 0;
@@ -42,12 +44,16 @@ void RecoverFromFailedPass(frmSheetwright& document) {
     document.application.ui.HideProgress();
 }
 
-void OpenDocument(frmSheetwright& document, const QString& path) {
-    document.Tag = path;
+void UnpackAndRead(frmSheetwright& document) {
     document.MyTempDir = MakeTempDirectory(document.application, document.MyTempDir);
     document.application.CurrentTempDir = document.MyTempDir;
-    UnZipForm(document.application, path, document.MyTempDir);
+    UnZipForm(document.application, document.Tag, document.MyTempDir);
     ReadFormFile(document);
+}
+
+void OpenDocument(frmSheetwright& document, const QString& path) {
+    document.Tag = path;
+    UnpackAndRead(document);
     LoadPage(document);
 }
 

@@ -7,6 +7,7 @@
 #include "core/conventions.h"
 #include "core/keyed_collection.h"
 #include "document/design_records.h"
+#include "document/document_window.h"
 #include "document/memory_block.h"
 #include "formula/value.h"
 #include "import/csv_table.h"
@@ -24,6 +25,7 @@ class Application;
 class DesignCache;
 class PrePrinted;
 struct FormSurfaces;
+struct Page;
 
 class frmSheetwright {
   public:
@@ -56,18 +58,17 @@ class frmSheetwright {
     Value Me;
     std::int16_t InterruptedPage = 0;  // page on screen when a recalculation failed half way; 0 for none
     bool Importing = false;
+    bool Quiet = false;  // bulk work: no status words, progress or pointer of page data
+    int Busy = 0;        // passes and jobs that go through the document now; above 0 it must not be closed
     std::int16_t CurrentRecord = -1;
     CsvTable DriverData;            // record of the last import driver
     CsvTable* EntryList = nullptr;  // list of the field being edited
 
-    // Properties of the fields, check boxes and picture fields of the design page on screen, in record order;
-    // all empty while no page is.
-    std::vector<KeyedCollection<QString>> FieldProperties;
-    std::vector<KeyedCollection<QString>> CheckProperties;
-    std::vector<KeyedCollection<QString>> BitmapProperties;
-
     // The hidden surfaces on which the form is measured and drawn.
     std::unique_ptr<FormSurfaces> surfaces;
+    std::unique_ptr<Page> page;  // on screen; without elements while none is built
+    NoDocumentWindow noWindow;
+    DocumentWindow* window = &noWindow;      // that shows the form; never none, not owned
     std::unique_ptr<PrePrinted> stationery;  // made on first use
     // Fields and check boxes of the design printed last, by name, and the same in record order.
     KeyedCollection<std::shared_ptr<PropertyBag>> PrintElements;
@@ -76,12 +77,11 @@ class frmSheetwright {
     std::uint64_t PrintFillings = 0;           // how often they were filled anew
     std::unique_ptr<DesignCache> designCache;  // of the print jobs
 
-    // How the page on screen goes into the lines and back. A window sets its own; empty ones do nothing, so
-    // that a pass over all pages runs with no page on screen.
+    // How the page on screen goes into the lines and back: that of a window (`UsePageOnScreen`) or of a form
+    // without one (`UseHeadlessPage`). Empty ones do nothing, so that a pass over all pages runs with no
+    // page.
     std::function<void()> SavePageHook;
     std::function<void()> LoadPageHook;
-    // Sizes the surfaces of a form that isn't visible yet. A window sets its own.
-    std::function<void()> LayoutHook;
 };
 
 void SavePage(frmSheetwright& document);
@@ -92,8 +92,10 @@ void LoadPage(frmSheetwright& document);
 // screen.
 void RecoverFromFailedPass(frmSheetwright& document);
 
-// The opening sequence up to the first page: temporary directory, unpacking, reading, the page on screen as
-// records. Raises what the reader raises, after the document's directory is marked for removal with it.
+// The form that the tag names comes into memory: temporary directory, unpacking, reading. Raises what
+// unpacking and the reader raise; the document's directory is removed with it in any case.
+void UnpackAndRead(frmSheetwright& document);
+// The same for the form at `path`, up to its first page.
 void OpenDocument(frmSheetwright& document, const QString& path);
 
 }  // namespace sheetwright

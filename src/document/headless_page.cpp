@@ -5,43 +5,41 @@
 #include "document/design_records.h"
 #include "document/design_walk.h"
 #include "document/document.h"
+#include "document/page.h"
 
 namespace sheetwright {
 
 namespace {
 
-using Record = PropertyBag;
+using Bag = std::shared_ptr<PropertyBag>;
 
-void AddRecord(frmSheetwright& document, QStringView kind, Record record) {
-    if (kind == u"CHEC") {
-        document.CheckProperties.push_back(std::move(record));
-        return;
-    }
+void AddRecord(frmSheetwright& document, QStringView kind, const Bag& bag) {
+    Page& page = *document.page;
+    if (kind == u"CHEC") page.CheckProperties.push_back(bag);
     if (kind != u"FIEL") return;
-    const bool isTextField = FieldRecord(document.application, record).ShowsText();
-    auto& records = isTextField ? document.FieldProperties : document.BitmapProperties;
-    records.push_back(std::move(record));
+    const bool isTextField = FieldRecord(document.application, *bag).ShowsText();
+    (isTextField ? page.FieldProperties : page.BitmapProperties).push_back(bag);
 }
 
 void ClearRecords(frmSheetwright& document) {
-    document.FieldProperties.clear();
-    document.CheckProperties.clear();
-    document.BitmapProperties.clear();
+    document.page->FieldProperties.clear();
+    document.page->CheckProperties.clear();
+    document.page->BitmapProperties.clear();
 }
 
 // The records of the design's elements. A key that stands twice keeps its first value.
 void BuildRecords(frmSheetwright& document) {
     const PageLines& design = document.memory.DesignPage(document.PageNum);
-    Record record;
+    Bag bag = std::make_shared<PropertyBag>();
     for (int position = 1; position <= design.Count(); ++position) {
         const DesignLine line = CutDesignLine(design.Line(position));
         if (line.type == DesignLine::Type::Begin) {
-            record.Clear();
+            bag = std::make_shared<PropertyBag>();
         } else if (line.type == DesignLine::Type::End) {
-            AddRecord(document, line.kind, std::move(record));
-            record = Record();
-        } else if (line.type == DesignLine::Type::Key && !record.Contains(line.key)) {
-            record.Add(line.value.toString(), line.key.toString());
+            AddRecord(document, line.kind, bag);
+            bag = std::make_shared<PropertyBag>();
+        } else if (line.type == DesignLine::Type::Key && !bag->Contains(line.key)) {
+            bag->Add(line.value.toString(), line.key.toString());
         }
     }
 }
@@ -77,14 +75,14 @@ void SaveHeadlessPage(frmSheetwright& document) {
     document.memory.ClearDataPage(number);
     document.memory.AppendDataLine(
         number, QStringLiteral("BEGIN PAGE %1 DESIGN=%2").arg(number).arg(document.PageNum));
-    const auto append = [&](const std::vector<Record>& records, const QString& value) {
-        for (const Record& record : records)
-            if (const QString* const name = record.Find(u"Name"))
+    const auto append = [&](const ElementBags& bags, const QString& value) {
+        for (const Bag& bag : bags)
+            if (const QString* const name = bag->Find(u"Name"))
                 document.memory.AppendDataLine(number, *name + u'=' + value);
     };
-    append(document.FieldProperties, QString());
-    append(document.CheckProperties, QStringLiteral("0"));
-    append(document.BitmapProperties, QStringLiteral("0"));
+    append(document.page->FieldProperties, QString());
+    append(document.page->CheckProperties, QStringLiteral("0"));
+    append(document.page->BitmapProperties, QStringLiteral("0"));
     document.memory.AppendDataLine(number, QStringLiteral("END PAGE"));
 }
 

@@ -6,6 +6,13 @@
 
 namespace sheetwright {
 
+namespace {
+
+// No locale's long date comes near; reading a text as one takes time with its length.
+constexpr qsizetype kLongestText = 200;
+
+}  // namespace
+
 DateChild::DateChild(int tabIndex, const Conventions& conventions)
     : FieldChild(tabIndex), m_conventions(conventions), m_value(QDate::currentDate()) {}
 
@@ -21,11 +28,10 @@ QString DateChild::Text() const {
                                       : ShortDate(m_value, m_conventions);
 }
 
-void DateChild::SetText(const QString& text) {
+std::optional<QDate> DateChild::DateOf(const QString& text) const {
+    if (text.size() > kLongestText) return std::nullopt;
     const QDate longDate = m_conventions.locale.toDate(text, QLocale::LongFormat);
-    const std::optional<QDate> date = longDate.isValid() ? longDate : StrictDate(text, m_conventions);
-    if (!date) throw Failure(failure::kTypeMismatch);
-    SetValue(*date);
+    return longDate.isValid() ? longDate : StrictDate(text, m_conventions);
 }
 
 }  // namespace sheetwright

@@ -7,6 +7,7 @@
 #include <QDate>
 
 #include <functional>
+#include <optional>
 
 namespace sheetwright {
 
@@ -24,8 +25,8 @@ class DateChild : public FieldChild {
 
     // In the picker's format, which is the system's long or short one.
     [[nodiscard]] QString Text() const;
-    // Raises 13 for a text that is no date.
-    void SetText(const QString& text);
+    // The date that a text stands for; none for a text that the picker refuses.
+    [[nodiscard]] std::optional<QDate> DateOf(const QString& text) const;
 
     DateFormat Format = DateFormat::Short;
     std::function<void()> Change;  // the date is another

@@ -76,7 +76,7 @@ void usrEntry::ReadProperties(const PropertyBag& properties) {
 PropertyBag usrEntry::WriteProperties() const {
     PropertyBag properties;
     BagWriter bag(properties, m_application.conventions);
-    bag.Add(QStringLiteral("BorderStyle"), m_look.borderStyle);
+    bag.Add(QStringLiteral("BorderStyle"), m_borderStyle);
     bag.Add(QStringLiteral("Caption"), Caption());
     bag.Add(QStringLiteral("Enabled"), m_look.isEnabled);
     WriteFont(bag, m_look.font);

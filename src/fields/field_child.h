@@ -35,7 +35,7 @@ struct ChildLook {
     FontSpec font{QStringLiteral("Arial")};
     Colour foreColor = system_colour::kWindowText;
     Colour backColor = system_colour::kWindow;
-    std::uint8_t borderStyle = 1;  // 0 none, 1 fixed single
+    std::int16_t borderStyle = 1;  // 0 none, 1 fixed single
     bool isEnabled = true;
 };
 

@@ -60,16 +60,13 @@ QString ListChild::List(int index) const {
 
 void ListChild::SetListIndex(int index) {
     if (index != -1) (void)Checked(index);
-    const bool isOther = index != m_index;
     m_index = index;
     if (m_kind == Kind::Editable) m_edit.SetText(List(index));
-    if (isOther && index >= 0 && Click) Click();
+    if (index >= 0 && Click) Click();
 }
 
 void ListChild::Pick(int index) {
-    m_index = static_cast<int>(Checked(index));
-    if (m_kind == Kind::Editable) m_edit.SetText(List(index));
-    if (Click) Click();
+    SetListIndex(static_cast<int>(Checked(index)));
 }
 
 void ListChild::SetSorted(bool isSorted) {

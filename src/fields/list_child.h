@@ -26,10 +26,10 @@ class ListChild : public FieldChild {
     [[nodiscard]] int ListCount() const { return static_cast<int>(m_items.size()); }
     [[nodiscard]] QString List(int index) const;  // "" outside
     [[nodiscard]] int ListIndex() const { return m_index; }
-    // Selects an item, which becomes the text. Raises 380 outside -1 to the last.
+    // Selects an item, which becomes the text; that is a click whatever was selected before. Raises 380
+    // outside -1 to the last.
     void SetListIndex(int index);
-    // What a person does: it counts as a click whatever was selected before.
-    void Pick(int index);
+    void Pick(int index);  // the same of a person, who can't select none: raises 380 for -1
     // A number of the caller's own with each item. Raise 380 for an index outside.
     [[nodiscard]] std::int32_t ItemData(int index) const { return m_items[Checked(index)].data; }
     void SetItemData(int index, std::int32_t data) { m_items[Checked(index)].data = data; }

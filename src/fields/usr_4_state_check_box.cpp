@@ -115,7 +115,7 @@ void usr4StateCheckBox::ReadProperties(const Application& application, const Pro
     FontSpec& font = m_caption.font;
     font.family = bag.Text(u"Font", QStringLiteral("Arial"));
     SetBackStyle(bag.Int16(u"BackStyle", 1));
-    Look.borderStyle = bag.Byte(u"BorderStyle", 0);
+    Look.borderStyle = bag.Int16(u"BorderStyle", 0);
     SetAlignment(bag.Int16(u"Alignment", 0));
     SetCaption(bag.Text(u"Caption", QStringLiteral("Label1")));
     font.bold = bag.Boolean(u"FontBold", false);

@@ -40,12 +40,10 @@ void usrEntry::Connect() {
     m_txtText.Change = [this] { Tell(Change, field_type::kText); };
     m_cboCombo.Change = [this] { Tell(Change, field_type::kCombo); };
     m_chkBox.Click = [this] { Tell(Click, field_type::kCheckBox); };
-    m_cboCombo.Click = [this] {
-        if (!m_isMovingSelection) Tell(Click, field_type::kCombo);
-    };
-    m_cboDropdown.Click = [this] {
-        if (!m_isMovingSelection) Tell(Click, field_type::kDropdown);
-    };
+    for (ListChild* list : {&m_cboCombo, &m_cboDropdown})
+        list->Click = [this] {
+            if (!m_isMovingSelection && Click) Click();
+        };
 }
 
 std::array<FieldChild*, 7> usrEntry::Children() {
@@ -73,6 +71,7 @@ bool usrEntry::ShowsChild() const {
 }
 
 void usrEntry::SetFieldType(std::uint8_t type) {
+    if (type == field_type::kDate) PassDate();
     m_fieldType = type;
     m_dtpDate.Look.backColor = m_look.backColor;
     for (FieldChild* child : Children())
@@ -83,20 +82,21 @@ void usrEntry::SetFieldType(std::uint8_t type) {
         m_dtpDate.Format =
             design.Format == u"Long Date" ? DateChild::DateFormat::Long : DateChild::DateFormat::Short;
     }
+    if (IsStyle(field_type::kPicture)) TakePendingPicture();
     MarkChanged(u"FieldType");
 }
 
 void usrEntry::ApplyLook(QStringView property) {
     for (FieldChild* child : Children())
         if (child != &m_chkBox) child->Look = m_look;
-    const std::uint8_t border = m_chkBox.Look.borderStyle;
+    const std::int16_t border = m_chkBox.Look.borderStyle;
     m_chkBox.Look = m_look;
     m_chkBox.Look.borderStyle = property == u"BorderStyle" ? m_look.borderStyle : border;
-    if (property == u"Font") m_chkBox.SetFont(m_look.font);
     MarkChanged(property);
 }
 
 void usrEntry::SetBorderStyle(std::uint8_t style) {
+    m_borderStyle = style;
     m_look.borderStyle = style;
     ApplyLook(u"BorderStyle");
 }
@@ -107,6 +107,10 @@ void usrEntry::SetEnabled(bool isEnabled) {
 }
 
 void usrEntry::SetFont(const FontSpec& font) {
+    // The caption of a check box stays struck through as its state has it until somebody sets that.
+    FontSpec caption = font;
+    if (font.strikethru == m_look.font.strikethru) caption.strikethru = m_chkBox.Font().strikethru;
+    m_chkBox.SetFont(caption);
     m_look.font = font;
     ApplyLook(u"Font");
 }

@@ -34,13 +34,15 @@ class usrEntry {
 
     // The text of the style in force: "0" for the style that shows nothing, the file name for a picture.
     [[nodiscard]] QString Value() const;
-    // Updates all styles. A picture's file is copied into the current temporary directory and `Value` becomes
-    // its bare name; that fails quietly. A check box keeps its state when the number is not below `States`.
+    // Updates all styles. A picture that is named with its folder is copied into the current temporary
+    // directory and `Value` becomes its bare name; that fails quietly. The picture style shortens the name of
+    // any file, and looks for a bare name there and then in the form's folder; another style leaves that
+    // until it becomes the picture style. A check box keeps its state when the number is not below `States`.
     void SetValue(const QString& text);
 
     [[nodiscard]] std::uint8_t FieldType() const { return m_fieldType; }
     // Shows the one child of that style; for dates its entry part, with the picker in the format that
-    // `Format` names.
+    // `Format` names; for pictures what the last `Value` named.
     void SetFieldType(std::uint8_t type);
 
     // "@<list>,<column>" adds a column of a list file to both lists, any other text its comma-separated
@@ -51,7 +53,7 @@ class usrEntry {
     [[nodiscard]] CsvTable* ListTable() const { return m_list.get(); }
     void ReleaseList();
 
-    [[nodiscard]] std::uint8_t BorderStyle() const { return m_look.borderStyle; }
+    [[nodiscard]] std::uint8_t BorderStyle() const { return m_borderStyle; }
     void SetBorderStyle(std::uint8_t style);
     [[nodiscard]] bool Enabled() const { return m_look.isEnabled; }
     void SetEnabled(bool isEnabled);
@@ -86,7 +88,8 @@ class usrEntry {
     Design design;
 
     // Of the lists: changes go to both, so that they hold the same items; questions to the one in force, or
-    // the combo box. Failures as ListChild tells.
+    // the combo box. Selecting an item is a click in every style. `Clear` empties the lists and their texts.
+    // Failures as ListChild tells.
     void AddItem(const QString& text, std::optional<int> index = std::nullopt);
     void RemoveItem(int index);
     void Clear();
@@ -125,7 +128,7 @@ class usrEntry {
     void ReadProperties(const PropertyBag& properties);
     [[nodiscard]] PropertyBag WriteProperties() const;
 
-    // Lets a person choose a picture file; a cancelled dialog changes nothing.
+    // Lets a person choose a picture file; a cancelled dialog changes nothing. A disabled control refuses.
     void ChoosePicture();
 
     // Events of the visible child. A key that a handler sets to 0 is cancelled. `X` and `Y` are twips.
@@ -145,7 +148,8 @@ class usrEntry {
     std::function<void()> OpenCalendar;                // focus to the picker, and open its calendar
     std::function<void(QStringView)> PropertyChanged;  // the name of what was set
 
-    // What a view reports. Keys return what the handlers left of them: 0 is cancelled.
+    // What a view reports; a disabled control hears nothing of it. Keys return what the handlers left of
+    // them: 0 is cancelled.
     std::int16_t ReportKeyDown(std::int16_t keyCode, std::int16_t shift) const;
     // The space goes on to the next state of a check box and opens the choice of a picture.
     std::int16_t ReportKeyPress(std::int16_t keyAscii);
@@ -181,13 +185,19 @@ class usrEntry {
     [[nodiscard]] bool IsStyle(std::uint8_t type) const { return m_fieldType == type; }
     [[nodiscard]] bool IsList() const;
     [[nodiscard]] bool ShowsChild() const;
+    [[nodiscard]] bool TakesInput() const { return ShowsChild() && m_look.isEnabled; }
     void Tell(const std::function<void()>& event, std::uint8_t type) const;
 
     [[nodiscard]] QString TakePicture(const QString& text);
+    [[nodiscard]] QString TakeNamedFile(const QString& text) const;
+    void TakePendingPicture();
     void CopyPicture(const QString& source) const;
     void ShowPicture(const QString& name);
+    [[nodiscard]] bool TakeFromFormFolder(const QString& name) const;
+    void SetTexts(const QString& value);
     void SelectInLists(const QString& text);
     void SetState(const QString& text);
+    void PassDate();
     void ShowEntryOfDate(const QString& text);
     void AddListFile(QStringView list);
 
@@ -209,6 +219,7 @@ class usrEntry {
     static constexpr int kDateEntryTabIndex = 7;
 
     ChildLook m_look;
+    std::uint8_t m_borderStyle = 1;
     std::uint8_t m_fieldType = field_type::kText;
     std::uint8_t m_states = 2;
     std::uint8_t m_style = 0;
@@ -218,6 +229,8 @@ class usrEntry {
     double m_height = 0;
     bool m_isMovingSelection = false;  // by `Value`: that is no click
     bool m_isCopyingDate = false;      // from the picker: it must not read its own text
+    bool m_isDatePending = false;      // the picker has not read the entry's text: no other style needs it
+    std::optional<QString> m_pendingPicture;  // the text whose picture the other styles did not need
 };
 
 }  // namespace sheetwright

@@ -3,7 +3,9 @@
 #include "core/application.h"
 #include "core/failure.h"
 #include "core/text.h"
+#include "document/busy_display.h"
 #include "document/document.h"
+#include "document/page.h"
 #include "formula/display_mask.h"
 #include "formula/evaluator.h"
 
@@ -13,17 +15,13 @@ namespace sheetwright {
 
 namespace {
 
-// Characters by which one pass may lengthen a form. A long text that formulas copy to thousands of places
-// would take all memory.
-constexpr qint64 kMaxGrowth = 64'000'000;
-
 // The masks of the fields on the page on screen, by field name. Only that page's design is looked at,
 // whichever design the page in hand has, and only the first field of a name counts.
 QHash<QString, QString> FormatsOnScreen(const frmSheetwright& document) {
     QHash<QString, QString> formats;
-    for (const KeyedCollection<QString>& field : document.FieldProperties) {
-        const QString* const name = field.Find(u"Name");
-        const QString* const format = field.Find(u"Format");
+    for (const std::shared_ptr<PropertyBag>& field : document.page->FieldProperties) {
+        const QString* const name = field->Find(u"Name");
+        const QString* const format = field->Find(u"Format");
         if (name != nullptr && !formats.contains(*name))
             formats.insert(*name, format == nullptr ? QString() : *format);
     }
@@ -35,16 +33,7 @@ class RecalculationPass {
     explicit RecalculationPass(frmSheetwright& document)
         : m_document(document),
           m_formats(FormatsOnScreen(document)),
-          m_context{.application = document.application,
-                    .memory = document.memory,
-                    .FormVars = document.application.FormVars,
-                    .words = document.words,
-                    .MyTempDir = document.MyTempDir,
-                    .DataPageNum = document.DataPageNum,
-                    .MePage = document.MePage,
-                    .Me = document.Me,
-                    .DriverData = &document.DriverData,
-                    .EntryList = document.EntryList},
+          m_context(EvaluationContextOf(document)),
           m_evaluator(m_context) {}
 
     // Recalculates the page `DataPageNum`.
@@ -77,8 +66,7 @@ class RecalculationPass {
         QString text = TextOf(m_document.Me, conventions);
         if (!format.isEmpty()) text = FormatValue(text, format, conventions, m_document.words);
         const QString item = key + u'=' + text;
-        m_growth += item.size() - page.Line(position).size();
-        if (m_growth > kMaxGrowth) throw Failure(failure::kOutOfMemory);
+        m_growth.Add(item.size() - page.Line(position).size());
         m_document.memory.ReplaceDataLine(m_document.DataPageNum, position, item);
     }
 
@@ -95,7 +83,7 @@ class RecalculationPass {
     QHash<QString, QString> m_formats;
     EvaluationContext m_context;
     Evaluator m_evaluator;
-    qint64 m_growth = 0;
+    FormGrowth m_growth;
     std::int16_t m_designBefore = 0;
     bool m_isNewDesign = false;
     bool m_formatsSeen = false;
@@ -103,9 +91,29 @@ class RecalculationPass {
 
 }  // namespace
 
+void FormGrowth::Add(qint64 characters) {
+    constexpr qint64 kMost = 64'000'000;
+    m_characters += characters;
+    if (m_characters > kMost) throw Failure(failure::kOutOfMemory);
+}
+
+EvaluationContext EvaluationContextOf(frmSheetwright& document) {
+    return {.application = document.application,
+            .memory = document.memory,
+            .FormVars = document.application.FormVars,
+            .words = document.words,
+            .MyTempDir = document.MyTempDir,
+            .DataPageNum = document.DataPageNum,
+            .MePage = document.MePage,
+            .Me = document.Me,
+            .DriverData = &document.DriverData,
+            .EntryList = document.EntryList};
+}
+
 void ÜberupdateFormulas(frmSheetwright& document, bool noSave) {
     Application& application = document.application;
     if (document.Importing || application.ViewerMode) return;
+    const BusyDocument busy(document.Busy);
     application.FormVars.Clear();
     if (!noSave) SavePage(document);
     application.ui.SetPointer(Pointer::Hourglass);

@@ -20,7 +20,9 @@ namespace sheetwright {
 
 class Application;
 class Device;
+class Measurer;
 struct FormSurfaces;
+struct PrintState;
 
 // What drawing needs of a form.
 struct FormDrawing {
@@ -56,5 +58,20 @@ void DrawField(FormDrawing& form, Device& device, const FieldLook& look, const Q
 // can't be shown.
 void DrawField(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
 void DrawCheckBox(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value);
+
+// What drawing a check box needs of it when it stands on screen.
+struct CheckLook {
+    Extent place;
+    bool isBoxOnTheRight = false;
+    QString caption;
+    FontSpec font;
+    Colour colour = 0;
+};
+// In the state `value`, just as above, but lets no messages run. Raises as DrawTextBox.
+void DrawCheckBox(Application& application, Device& device, Measurer& measurer, const CheckLook& look,
+                  double value);
+
+// The border of a field: `style` 1 a box, 2 a rule, any other none.
+void DrawFieldBorder(const PrintState& state, Device& device, double style, const Extent& place);
 
 }  // namespace sheetwright

@@ -69,9 +69,7 @@ template <typename Look>
 void DrawBorder(const PrintState& state, Device& device, const Look& field) {
     const double style = field.BorderStyle();
     if (style != 1 && style != 2) return;
-    SetFramePen(state, device, Unguarded());
-    if (style == 1) return DrawFrame(state, device, field.Place());
-    DrawRule(state, device, field.Place(), u"B");
+    DrawFieldBorder(state, device, style, field.Place());
 }
 
 template <typename Look>
@@ -105,8 +103,48 @@ void DrawPicture(FormDrawing& form, Device& device, const FieldRecord& field, co
     DrawBitmap(form.application, device, surface, surface.Width(), surface.Height());
 }
 
+// Also reads a record when it is asked.
+class LazyCheck {
+  public:
+    explicit LazyCheck(const CheckRecord& check) : m_check(check) {}
+    [[nodiscard]] Extent Place() const { return m_check.Place(); }
+    [[nodiscard]] bool IsBoxOnTheRight() const { return m_check.IsBoxOnTheRight(); }
+    [[nodiscard]] const QString& Caption() const { return m_check.Caption(); }
+    [[nodiscard]] FontSpec Font() const { return PaintedFont(m_check); }
+    [[nodiscard]] Colour ForeColor() const { return m_check.ForeColor(); }
+
+  private:
+    const CheckRecord& m_check;
+};
+
+class KnownCheck {
+  public:
+    explicit KnownCheck(const CheckLook& look) : m_look(look) {}
+    [[nodiscard]] const Extent& Place() const { return m_look.place; }
+    [[nodiscard]] bool IsBoxOnTheRight() const { return m_look.isBoxOnTheRight; }
+    [[nodiscard]] const QString& Caption() const { return m_look.caption; }
+    [[nodiscard]] const FontSpec& Font() const { return m_look.font; }
+    [[nodiscard]] Colour ForeColor() const { return m_look.colour; }
+
+  private:
+    const CheckLook& m_look;
+};
+
+// Where a check box is drawn, and how its texts are.
+struct CheckCanvas {
+    Application& application;
+    Device& device;
+    Measurer& measurer;
+    void (*drawText)(Application&, Device&, Measurer&, const QString&, const FontSpec&, Colour, TextBox);
+
+    void Text(const QString& text, const FontSpec& font, Colour colour, TextBox box) const {
+        drawText(application, device, measurer, text, font, colour, box);
+    }
+};
+
 // `x` and `y`: where the mark's box would stand if it had no shift of its own.
-void DrawMark(FormDrawing& form, Device& device, const CheckRecord& check, double value, double x, double y) {
+template <typename Check>
+void DrawMark(const CheckCanvas& canvas, const Check& check, double value, double x, double y) {
     for (const Mark& mark : kMarks) {
         if (mark.state != value) continue;
         FontSpec font;
@@ -114,19 +152,35 @@ void DrawMark(FormDrawing& form, Device& device, const CheckRecord& check, doubl
         font.size = kMarkFontSize;
         font.bold = true;
         const std::int16_t top = ToInt16(y + mark.shiftY);
-        DrawTextBox(form.application, device, form.surfaces.picContainer, mark.sign.toString(), font,
-                    check.ForeColor(), {top, ToInt16(x + mark.shiftX), kMarkSize, kMarkSize});
+        const TextBox box{top, ToInt16(x + mark.shiftX), kMarkSize, kMarkSize};
+        canvas.Text(mark.sign.toString(), font, check.ForeColor(), box);
     }
 }
 
-void DrawCaption(FormDrawing& form, Device& device, const CheckRecord& check, double value, double offset) {
-    FontSpec font = PaintedFont(check);
+template <typename Check>
+void DrawCaption(const CheckCanvas& canvas, const Check& check, double value, double offset) {
+    FontSpec font = check.Font();
     font.strikethru = font.strikethru || value == kCrossedOut;
     const Extent place = check.Place();
     const TextBox box{ToInt16(place.top), ToInt16(place.left + offset), ToInt16(place.height),
                       ToInt16(place.width - kCaptionOffset)};
-    DrawTextBox(form.application, device, form.surfaces.picContainer, check.Caption(), font,
-                check.ForeColor(), box);
+    canvas.Text(check.Caption(), font, check.ForeColor(), box);
+}
+
+template <typename Check>
+void DrawCheckBoxOn(const CheckCanvas& canvas, const Check& check, double value) {
+    PrintState& state = canvas.application.printing;
+    state.AlignmentMode = 0;
+    SetFramePen(state, canvas.device, Unguarded());
+
+    const Extent place = check.Place();
+    const bool isBoxOnTheRight = check.IsBoxOnTheRight();
+    const double x = isBoxOnTheRight ? place.left + place.width - kBoxSize : place.left;
+    const double y = place.top + (place.height - kBoxSize) / 2;
+    DrawLine(state, canvas.device, x, y, x + kBoxSize, y + kBoxSize, check.ForeColor(), u"B");
+
+    DrawMark(canvas, check, value, x + kMarkOffsetX, y + kMarkOffsetY);
+    DrawCaption(canvas, check, value, isBoxOnTheRight ? 0 : kCaptionOffset);
 }
 
 }  // namespace
@@ -165,19 +219,24 @@ void DrawField(FormDrawing& form, Device& device, const PropertyBag& bag, const 
 
 void DrawCheckBox(FormDrawing& form, Device& device, const PropertyBag& bag, const QString& value) {
     const CheckRecord check(form.application, bag);
-    PrintState& state = form.application.printing;
-    state.AlignmentMode = 0;
+    const CheckCanvas canvas{form.application, device, form.surfaces.picContainer, DrawTextBox};
+    DrawCheckBoxOn(canvas, LazyCheck(check), ToNumber(value, form.application.conventions));
+}
+
+void DrawCheckBox(Application& application, Device& device, Measurer& measurer, const CheckLook& look,
+                  double value) {
+    const auto draw = [](Application& owner, Device& on, Measurer& metrics, const QString& text,
+                         const FontSpec& font, Colour colour, TextBox box) {
+        DrawTextInBox(owner, on, metrics, text, font, colour, box, LineBreaks::Wrapped);
+    };
+    DrawCheckBoxOn(CheckCanvas{application, device, measurer, draw}, KnownCheck(look), value);
+}
+
+void DrawFieldBorder(const PrintState& state, Device& device, double style, const Extent& place) {
+    if (style != 1 && style != 2) return;
     SetFramePen(state, device, Unguarded());
-
-    const Extent place = check.Place();
-    const bool isBoxOnTheRight = check.IsBoxOnTheRight();
-    const double x = isBoxOnTheRight ? place.left + place.width - kBoxSize : place.left;
-    const double y = place.top + (place.height - kBoxSize) / 2;
-    DrawLine(state, device, x, y, x + kBoxSize, y + kBoxSize, check.ForeColor(), u"B");
-
-    const double number = ToNumber(value, form.application.conventions);
-    DrawMark(form, device, check, number, x + kMarkOffsetX, y + kMarkOffsetY);
-    DrawCaption(form, device, check, number, isBoxOnTheRight ? 0 : kCaptionOffset);
+    if (style == 1) return DrawFrame(state, device, place);
+    DrawRule(state, device, place, u"B");
 }
 
 }  // namespace sheetwright

@@ -24,7 +24,8 @@ void SetLinePen(const ElementDrawing& element, const OutlineRecord& record) {
     constexpr std::int16_t kLastPattern = 5;
     std::int16_t type = 0;
     element.Step([&] { type = record.BorderType(); });
-    if (type <= kLastPattern) {
+    const bool isLeftAlone = element.isOnScreen && type < 1;  // on paper the device refuses it
+    if (type <= kLastPattern && !isLeftAlone) {
         element.Step([&] { element.device.SetDrawStyle(ToInt16(type - 1.0)); });
     } else if (type == draw_style::kInsideSolid) {
         element.device.SetDrawStyle(draw_style::kInsideSolid);

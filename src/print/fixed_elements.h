@@ -1,7 +1,8 @@
 #pragma once
 
-// The fixed elements of a design: frames, lines, shapes, labels and pictures, and the page's own keys. Each
-// statement is a step of its own whose failure is logged.
+// The fixed elements of a design: frames, lines, shapes, labels and pictures, and the page's own keys. For
+// print and preview each statement is a step of its own whose failure is logged; on screen it ends the
+// element.
 
 #include "core/application.h"
 #include "core/error_log.h"
@@ -17,6 +18,7 @@ struct ElementDrawing {
     FormDrawing& form;
     Device& device;
     const std::shared_ptr<PropertyBag>& bag;
+    bool isOnScreen = false;  // failures travel
 
     [[nodiscard]] PrintState& State() const { return form.application.printing; }
 
@@ -27,6 +29,10 @@ struct ElementDrawing {
 
     template <typename Statement>
     void Step(Statement&& statement) const {
+        if (isOnScreen) {
+            std::forward<Statement>(statement)();
+            return;
+        }
         if (LoggedStep(form.application, QStringLiteral("PrintControl"), QString(),
                        std::forward<Statement>(statement)))
             ++State().lostSteps;

@@ -56,6 +56,7 @@ void DrawPictureElement(const ElementDrawing& element) {
         SetFramePen(element);
         element.Step([&] {
             const Extent place = record.Place();
+            if (element.isOnScreen) return DrawFrame(state, element.device, place);
             DrawBox(state, element.device, place.left, place.top, place.left + place.width,
                     place.top + place.height, Colour{0});
         });

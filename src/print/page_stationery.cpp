@@ -3,6 +3,8 @@
 #include "core/application.h"
 #include "core/failure.h"
 #include "document/document.h"
+#include "document/page.h"
+#include "document/page_view_layout.h"
 #include "formula/value_conversion.h"
 #include "print/form_surfaces.h"
 #include "print/stationery.h"
@@ -39,7 +41,7 @@ void LoadPPSettings(frmSheetwright& document, const QString& value) {
     stationery.screenYAdjust = ToSingle(number(kScreenY));
     stationery.setBackground(document.MyTempDir + StationeryField(value, kImage).toString());
     stationery.setScaleForm(kTwips);
-    if (document.LayoutHook) document.LayoutHook();
+    if (!document.window->IsShown()) SizeForm(document);
     PaintBackground(document);
 }
 
@@ -50,6 +52,7 @@ void PaintBackground(frmSheetwright& document) {
     ui.SetPointer(Pointer::Hourglass);
     const auto normalPointer = qScopeGuard([&ui] { ui.SetPointer(Pointer::Normal); });
     PaintBackground(stationery, document.application.printing, document.surfaces->picForm);
+    document.page->isStationeryPainted = true;
 }
 
 }  // namespace sheetwright

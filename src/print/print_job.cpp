@@ -126,6 +126,7 @@ class PrintJob {
 };
 
 void PrintJob::PrintPages(int firstPage, int lastPage) {
+    const BusyDocument busy(m_document.Busy);
     const HourglassPointer hourglass(m_document.application.ui);
     const JobOffsets offsets(m_document.application);
     for (int page = firstPage; page <= lastPage; ++page) {

@@ -149,6 +149,16 @@ class LinePrinter {
     std::int16_t m_startX;
 };
 
+template <typename Print>
+void PrintLines(const QString& text, int mostLines, const Print& print) {
+    LineCutter lines(text);
+    QStringView line;
+    int number = 1;
+    for (; number <= mostLines && lines.Take(line); ++number)
+        print(line);
+    if (number <= mostLines && !lines.Rest().isEmpty()) print(lines.Rest());
+}
+
 }  // namespace
 
 LabelOffsets ReadLabelOffsets(const Application& application) {
@@ -158,6 +168,12 @@ LabelOffsets ReadLabelOffsets(const Application& application) {
 
 void DrawTextBox(Application& application, Device& device, Measurer& measurer, const QString& text,
                  const FontSpec& font, Colour colour, TextBox box) {
+    DrawTextInBox(application, device, measurer, text, font, colour, box, LineBreaks::Wrapped);
+    application.ui.PumpMessages();
+}
+
+void DrawTextInBox(const Application& application, Device& device, Measurer& measurer, const QString& text,
+                   const FontSpec& font, Colour colour, TextBox box, LineBreaks breaks) {
     const PrintState& state = application.printing;
     const TextStart start = StartOf(application, device, box);
     SetFonts(device, measurer, font);
@@ -166,12 +182,13 @@ void DrawTextBox(Application& application, Device& device, Measurer& measurer, c
     device.CurrentY = start.top;
     device.FontTransparent = true;
     device.SetBkMode(kTransparentBackground);
-    if (IsOnPage(device, box)) {
-        if (InstalledPrinter(state) != nullptr && !IsPrinter(state, device))
-            device.CurrentY = start.top - kRaise;
-        WrapText(state, device, measurer, text, box.width, box.height);
-    }
-    application.ui.PumpMessages();
+    if (!IsOnPage(device, box)) return;
+    if (InstalledPrinter(state) != nullptr && !IsPrinter(state, device)) device.CurrentY = start.top - kRaise;
+    if (breaks == LineBreaks::Wrapped) return WrapText(state, device, measurer, text, box.width, box.height);
+    LinePrinter printer(state, device, measurer, box.width);
+    if (!text.isEmpty())
+        PrintLines(text, MostLines(state, device, box.height),
+                   [&](QStringView line) { printer.Print(line.first(measurer.Fitting(line, box.width))); });
 }
 
 void WrapText(const PrintState& state, Device& device, const Measurer& measurer, const QString& text,
@@ -179,13 +196,7 @@ void WrapText(const PrintState& state, Device& device, const Measurer& measurer,
     LinePrinter printer(state, device, measurer, width);
     if (text.isEmpty()) return;
     const QString wrapped = WrappedText(measurer, text, width);
-    const int mostLines = MostLines(state, device, height);
-    LineCutter lines(wrapped);
-    QStringView line;
-    int number = 1;
-    for (; number <= mostLines && lines.Take(line); ++number)
-        printer.Print(line);
-    if (number <= mostLines && !lines.Rest().isEmpty()) printer.Print(lines.Rest());
+    PrintLines(wrapped, MostLines(state, device, height), [&](QStringView line) { printer.Print(line); });
 }
 
 }  // namespace sheetwright

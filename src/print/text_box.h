@@ -36,6 +36,16 @@ struct TextBox {
 void DrawTextBox(Application& application, Device& device, Measurer& measurer, const QString& text,
                  const FontSpec& font, Colour colour, TextBox box);
 
+enum class LineBreaks {
+    Wrapped,  // wherever the text must break to fit
+    AsTyped,  // only where it has breaks; what doesn't fit a line is cut off
+};
+
+// As DrawTextBox, but lets no messages run: a window that is being painted must not be painted again
+// meanwhile.
+void DrawTextInBox(const Application& application, Device& device, Measurer& measurer, const QString& text,
+                   const FontSpec& font, Colour colour, TextBox box, LineBreaks breaks);
+
 // Prints the wrapped text from the device's text position down, as many lines as `height` holds, one at
 // least.
 void WrapText(const PrintState& state, Device& device, const Measurer& measurer, const QString& text,

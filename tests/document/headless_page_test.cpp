@@ -1,6 +1,7 @@
 #include "document/headless_page.h"
 
 #include "document/document.h"
+#include "document/page.h"
 #include "support/page_text.h"
 #include "support/test_application.h"
 
@@ -39,8 +40,8 @@ class HeadlessPage : public ApplicationTest {
     [[nodiscard]] QStringList Lines(int page) const { return TextsOf(m_document.memory.DataPage(page)); }
     // Whether the records are those of no page at all.
     [[nodiscard]] bool HasNoRecords() const {
-        return m_document.FieldProperties.empty() && m_document.CheckProperties.empty() &&
-               m_document.BitmapProperties.empty();
+        return m_document.page->FieldProperties.empty() && m_document.page->CheckProperties.empty() &&
+               m_document.page->BitmapProperties.empty();
     }
 
     frmSheetwright m_document;
@@ -51,14 +52,14 @@ TEST_F(HeadlessPage, KnowsTheRecordsOfThePagesDesign) {
     Show(1);
     EXPECT_EQ(m_document.PageNum, 1);
     EXPECT_EQ(m_document.Pages, 1);
-    ASSERT_EQ(m_document.FieldProperties.size(), 2U);
-    EXPECT_EQ(m_document.FieldProperties[0].At(u"Name"), QStringLiteral("text"));
-    EXPECT_EQ(m_document.FieldProperties[0].At(u"Format"), QStringLiteral("0.00")) << "the first of two";
-    EXPECT_EQ(m_document.FieldProperties[1].At(u"Name"), QStringLiteral("list"));
-    ASSERT_EQ(m_document.CheckProperties.size(), 1U);
-    EXPECT_EQ(m_document.CheckProperties[0].At(u"Name"), QStringLiteral("tick"));
-    ASSERT_EQ(m_document.BitmapProperties.size(), 1U);
-    EXPECT_EQ(m_document.BitmapProperties[0].At(u"Name"), QStringLiteral("photo"));
+    ASSERT_EQ(m_document.page->FieldProperties.size(), 2U);
+    EXPECT_EQ(m_document.page->FieldProperties[0]->At(u"Name"), QStringLiteral("text"));
+    EXPECT_EQ(m_document.page->FieldProperties[0]->At(u"Format"), QStringLiteral("0.00")) << "the first of two";
+    EXPECT_EQ(m_document.page->FieldProperties[1]->At(u"Name"), QStringLiteral("list"));
+    ASSERT_EQ(m_document.page->CheckProperties.size(), 1U);
+    EXPECT_EQ(m_document.page->CheckProperties[0]->At(u"Name"), QStringLiteral("tick"));
+    ASSERT_EQ(m_document.page->BitmapProperties.size(), 1U);
+    EXPECT_EQ(m_document.page->BitmapProperties[0]->At(u"Name"), QStringLiteral("photo"));
 }
 
 TEST_F(HeadlessPage, ReadsTheTypeOfAFieldAsANumber) {
@@ -67,10 +68,10 @@ TEST_F(HeadlessPage, ReadsTheTypeOfAFieldAsANumber) {
         m_document.memory.AppendFormDesign(3, QString::fromLatin1(line));
     AddPage(QStringLiteral("3"), {});
     Show(1);
-    ASSERT_EQ(m_document.FieldProperties.size(), 1U);
-    EXPECT_EQ(m_document.FieldProperties[0].At(u"Name"), QStringLiteral("text"));
-    ASSERT_EQ(m_document.BitmapProperties.size(), 1U);
-    EXPECT_EQ(m_document.BitmapProperties[0].At(u"Name"), QStringLiteral("photo"));
+    ASSERT_EQ(m_document.page->FieldProperties.size(), 1U);
+    EXPECT_EQ(m_document.page->FieldProperties[0]->At(u"Name"), QStringLiteral("text"));
+    ASSERT_EQ(m_document.page->BitmapProperties.size(), 1U);
+    EXPECT_EQ(m_document.page->BitmapProperties[0]->At(u"Name"), QStringLiteral("photo"));
 }
 
 TEST_F(HeadlessPage, TurningToAnotherDesignReplacesTheRecords) {
@@ -79,9 +80,9 @@ TEST_F(HeadlessPage, TurningToAnotherDesignReplacesTheRecords) {
     Show(1);
     Show(2);
     EXPECT_EQ(m_document.PageNum, 2);
-    ASSERT_EQ(m_document.FieldProperties.size(), 1U);
-    EXPECT_EQ(m_document.FieldProperties[0].At(u"Name"), QStringLiteral("other"));
-    EXPECT_TRUE(m_document.CheckProperties.empty());
+    ASSERT_EQ(m_document.page->FieldProperties.size(), 1U);
+    EXPECT_EQ(m_document.page->FieldProperties[0]->At(u"Name"), QStringLiteral("other"));
+    EXPECT_TRUE(m_document.page->CheckProperties.empty());
 }
 
 TEST_F(HeadlessPage, APageThatCannotBeBuiltLeavesNone) {

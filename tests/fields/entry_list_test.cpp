@@ -86,6 +86,33 @@ TEST_F(EntryTest, ItemsAreAddedRemovedAndCleared) {
     EXPECT_EQ(m_entry.cboCombo().Text(), QString());
 }
 
+TEST_F(EntryTest, ClearEmptiesBothListsAndTheirTexts) {
+    m_entry.SetAttachedList(S("A,B"));
+    m_entry.SetValue(S("B"));
+    m_entry.SetFieldType(1);
+    TakeEvents();
+    m_entry.Clear();
+    EXPECT_EQ(m_entry.cboCombo().ListCount() + m_entry.cboDropdown().ListCount(), 0);
+    EXPECT_EQ(m_entry.cboCombo().Text() + m_entry.cboDropdown().Text(), QString());
+    EXPECT_EQ(m_entry.cboCombo().ListIndex(), -1);
+    EXPECT_EQ(m_entry.cboDropdown().ListIndex(), -1);
+    EXPECT_EQ(TakeEvents(), QStringList());
+    m_entry.SetAttachedList(S("C,D,E"));
+    EXPECT_EQ(ItemsOf(m_entry.cboCombo()), QStringList({S("C"), S("D"), S("E")}));
+    EXPECT_EQ(ItemsOf(m_entry.cboDropdown()), ItemsOf(m_entry.cboCombo()));
+}
+
+TEST_F(EntryTest, SelectingAnItemIsAClickInEveryStyleAndEachTime) {
+    AddItems({S("A"), S("B")});
+    for (std::uint8_t type = 0; type <= field_type::kPicture; ++type) {
+        m_entry.SetFieldType(type);
+        m_entry.SetListIndex(1);
+        m_entry.SetListIndex(1);
+        m_entry.SetListIndex(-1);
+        EXPECT_EQ(TakeEvents(), QStringList({S("Click"), S("Click")})) << int{type};
+    }
+}
+
 TEST_F(EntryTest, SortedListKeepsTheAlphabetAndTheSelectedItem) {
     AddItems({S("c"), S("B"), S("a")});
     m_entry.SetListIndex(0);

@@ -88,6 +88,26 @@ TEST(FourStateCheckBox, ValueBeyondTheStatesIsStoredAndNeverComesBack) {
     EXPECT_EQ(box.picture1().text, S("\u00FC"));
 }
 
+TEST(FourStateCheckBox, FewerStatesLeaveValueAndSign) {
+    usr4StateCheckBox box;
+    box.SetStates(4);
+    box.SetValue(2);
+    box.SetStates(2);
+    EXPECT_EQ(box.Value(), 2);
+    EXPECT_EQ(box.picture1().text, S("-"));
+    EXPECT_TRUE(box.Label1().font.strikethru);
+    box.ClickLabel();
+    EXPECT_EQ(box.Value(), 3);
+    EXPECT_EQ(box.picture1().text, S("-"));
+}
+
+TEST(FourStateCheckBox, OneStateStaysNought) {
+    usr4StateCheckBox box;
+    box.SetStates(1);
+    box.ClickLabel();
+    EXPECT_EQ(box.Value(), 0);
+}
+
 TEST(FourStateCheckBox, SpaceGoesOnAndOtherKeysDoNothing) {
     usr4StateCheckBox box;
     for (const int key : {0, 13, 31, 33, 48, 65})
@@ -123,6 +143,11 @@ TEST(FourStateCheckBox, CaptionBeginsSixtyTwipsBeyondTheSquare) {
     EXPECT_EQ(box.picture1().left + box.picture1().width, 2000);
     EXPECT_EQ(box.Label1().left, 0);
     EXPECT_EQ(box.Label1().width + 60, box.picture1().left);
+    for (const int right : {2, -1}) {
+        box.SetAlignment(0);
+        box.SetAlignment(I(right));
+        EXPECT_EQ(box.Label1().left, 0) << right;
+    }
     box.Resize(100, 300);
     EXPECT_EQ(box.Label1().width, 0);
 }
@@ -163,6 +188,7 @@ TEST_F(FourStateBag, WhatIsWrittenIsReadBackInEveryLocale) {
         box.SetBackStyle(0);
         box.SetValue(1);
         box.Look.backColor = 255;
+        box.Look.borderStyle = -1;
         usr4StateCheckBox other;
         other.ReadProperties(*m_application, box.WriteProperties(*m_application));
         EXPECT_EQ(other.Font(), box.Font()) << locale;
@@ -171,6 +197,7 @@ TEST_F(FourStateBag, WhatIsWrittenIsReadBackInEveryLocale) {
         EXPECT_EQ(other.Value(), 1);
         EXPECT_EQ(other.picture1().text, S("\u00FC"));
         EXPECT_EQ(other.Look.backColor, 255U);
+        EXPECT_EQ(other.Look.borderStyle, -1);
         EXPECT_EQ(other.Look.foreColor, system_colour::kButtonText);
     }
 }

@@ -222,7 +222,55 @@ TEST_F(EntryTest, NewColourOrFontKeepsTheStrikeOfTheState) {
     m_entry.SetStates(3);
     m_entry.SetValue(S("2"));
     m_entry.SetForeColor(255);
+    m_entry.SetFont({S("Courier New"), 12});
     EXPECT_TRUE(m_entry.chkBox().Label1().font.strikethru);
+    EXPECT_EQ(m_entry.chkBox().Label1().font.family, S("Courier New"));
+    m_entry.SetFont({.family = S("Arial"), .strikethru = true});
+    m_entry.SetFont({S("Arial")});
+    EXPECT_FALSE(m_entry.chkBox().Label1().font.strikethru);
+}
+
+TEST_F(EntryTest, FewerStatesLeaveTheStateAsItIs) {
+    m_entry.SetFieldType(3);
+    m_entry.SetStates(4);
+    m_entry.SetValue(S("3"));
+    m_entry.SetStates(2);
+    EXPECT_EQ(m_entry.Value(), S("3"));
+    EXPECT_EQ(m_entry.chkBox().picture1().text, S("?"));
+    m_entry.ReportClick();
+    EXPECT_EQ(m_entry.Value(), S("4"));
+    m_entry.SetValue(S("1"));
+    m_entry.ReportClick();
+    EXPECT_EQ(m_entry.Value(), S("0"));
+}
+
+TEST_F(EntryTest, DisabledOneHearsNothing) {
+    AddItems({S("A"), S("B")});
+    m_entry.SetEnabled(false);
+    const auto told = [this](auto&&...) { m_events << S("input"); };
+    m_entry.KeyDown = told;
+    m_entry.KeyPress = told;
+    m_entry.KeyUp = told;
+    m_entry.MouseDown = told;
+    m_entry.MouseMove = told;
+    m_entry.MouseUp = told;
+    for (std::uint8_t type = 0; type <= field_type::kPicture; ++type) {
+        m_entry.SetFieldType(type);
+        const QString before = m_entry.Value();
+        EXPECT_EQ(m_entry.ReportKeyDown(32, 0), 32);
+        EXPECT_EQ(m_entry.ReportKeyPress(32), 32);
+        EXPECT_EQ(m_entry.ReportKeyUp(32, 0), 32);
+        m_entry.ReportMouseDown(1, 0, 1, 1);
+        m_entry.ReportMouseMove(1, 0, 1, 1);
+        m_entry.ReportMouseUp(1, 0, 1, 1);
+        m_entry.ReportText(S("typed"));
+        m_entry.ReportPick(1);
+        m_entry.ReportClick();
+        m_entry.ReportDoubleClick();
+        EXPECT_EQ(m_entry.Value(), before) << int{type};
+    }
+    EXPECT_EQ(TakeEvents(), QStringList());
+    EXPECT_TRUE(m_ui.fileDialogs.empty());
 }
 
 TEST_F(EntryTest, SelectionIsThatOfTheTextInForce) {
@@ -250,6 +298,8 @@ TEST_F(EntryTest, ListCorrectsTheHeightAndIsNeverNarrowerThanFiveHundred) {
     m_entry.Resize(499, 900);
     EXPECT_EQ(m_entry.Height(), 330);
     EXPECT_EQ(m_entry.cboCombo().Place, (Extent{0, 0, 500, 330}));
+    m_entry.Resize(501, 900);
+    EXPECT_EQ(m_entry.cboCombo().Place.width, 501);
     m_entry.Resize(2000, 100);
     EXPECT_EQ(m_entry.cboCombo().Place, (Extent{0, 0, 2000, 330}));
 }

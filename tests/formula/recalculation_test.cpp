@@ -5,6 +5,7 @@
 #include "document/form_reader.h"
 #include "document/form_writer.h"
 #include "document/headless_page.h"
+#include "document/page.h"
 #include "support/test_application.h"
 
 #include <QStringList>
@@ -52,7 +53,7 @@ class Recalculation : public ApplicationTest {
         KeyedCollection<QString> field;
         field.Add(name, QStringLiteral("Name"));
         field.Add(format, QStringLiteral("Format"));
-        m_document->FieldProperties.push_back(std::move(field));
+        m_document->page->FieldProperties.push_back(std::make_shared<PropertyBag>(std::move(field)));
     }
     void Run() { ÜberupdateFormulas(*m_document, false); }
 
@@ -330,7 +331,7 @@ TEST_F(Recalculation, TheRecordOfAMultiRecordImportDoesNotMatter) {
     AddPage(1, {QStringLiteral("out=old")});
     SetFormula(1, QStringLiteral("out"), QStringLiteral("SETME(1)"));
     AddFieldOnScreen(QStringLiteral("out"), QString());
-    m_document->FieldProperties.back().Add(QStringLiteral("3"), QStringLiteral("MultiRecordIndex"));
+    m_document->page->FieldProperties.back()->Add(QStringLiteral("3"), QStringLiteral("MultiRecordIndex"));
     m_document->CurrentRecord = 2;
     Run();
     EXPECT_EQ(Line(1, 2), QStringLiteral("out=1"));

@@ -8,6 +8,8 @@
 
 #include <QImage>
 
+#include <functional>
+
 namespace sheetwright {
 namespace {
 
@@ -124,8 +126,16 @@ TEST_F(PageStationeryTest, AResolutionOf0TravelsToTheCallerAndGivesThePointerBac
 
 TEST_F(PageStationeryTest, TheSurfacesAreLaidOutBeforeThePainting) {
     SaveScan(QStringLiteral("scan.png"), 10, 10);
+    class HiddenWindow : public NoDocumentWindow {
+      public:
+        explicit HiddenWindow(std::function<void()> newOnLayout) : onLayout(std::move(newOnLayout)) {}
+        [[nodiscard]] bool IsShown() const override { return false; }
+        void LayoutChanged() override { onLayout(); }
+        std::function<void()> onLayout;
+    };
     QStringList paintedBefore{QStringLiteral("not called")};
-    m_document.LayoutHook = [&] { paintedBefore = Painted(); };
+    HiddenWindow window([&] { paintedBefore = Painted(); });
+    m_document.window = &window;
     LoadValue(QStringLiteral("scan.png|96||||"));
     EXPECT_TRUE(paintedBefore.isEmpty());
     EXPECT_EQ(Painted().size(), 1);

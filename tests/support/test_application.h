@@ -48,6 +48,7 @@ class RecordingUserInterface : public UserInterface {
         pointers.push_back(newPointer);
     }
     void SetStatus(const QString& text) override { statuses << text; }
+    [[nodiscard]] QString Status() const override { return statuses.value(statuses.size() - 1); }
     void ShowProgress() override { progressShown = true; }
     void SetProgress(int percent) override { progress.push_back(percent); }
     void HideProgress() override { progressShown = false; }

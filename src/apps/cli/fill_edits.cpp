@@ -4,6 +4,7 @@
 #include "apps/cli/output.h"
 #include "apps/cli/session.h"
 #include "document/document.h"
+#include "document/page.h"
 #include "document/pages.h"
 
 #include <QScopedValueRollback>
@@ -95,10 +96,10 @@ const std::vector<QString>& FormEditor::NamesOf(int page) {
     ShowPage(page);
     std::vector<QString> names;
     if (m_document.PageNum == design)
-        for (const auto* const records :
-             {&m_document.FieldProperties, &m_document.CheckProperties, &m_document.BitmapProperties})
-            for (const KeyedCollection<QString>& record : *records)
-                if (const QString* const name = record.Find(u"Name")) names.push_back(*name);
+        for (const auto* const bags : {&m_document.page->FieldProperties, &m_document.page->CheckProperties,
+                                       &m_document.page->BitmapProperties})
+            for (const std::shared_ptr<PropertyBag>& bag : *bags)
+                if (const QString* const name = bag->Find(u"Name")) names.push_back(*name);
     ShowPage(shown);
     return m_names.emplace(design, std::move(names)).first->second;
 }

@@ -1,0 +1,91 @@
+// The program with windows. Its title, given when it is built, tells the deployments apart.
+
+#include "core/application.h"
+#include "core/failure.h"
+#include "core/run_command.h"
+#include "core/start_up.h"
+#include "document/document.h"
+#include "document/document.h"
+#include "ui/desktop_start_up.h"
+#include "ui/desktop_user_interface.h"
+#include "ui/form_window.h"
+#include "ui/guarded_application.h"
+#include "ui/lazy_printers.h"
+#include "ui/termination.h"
+
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <csignal>
+#include <exception>
+
+namespace sheetwright {
+
+namespace {
+
+// The words of Qt's own dialogs. Those of the program come from its dictionary.
+void SpeakTheSystemsLanguage(QApplication& desktop) {
+    auto* const words = new QTranslator(&desktop);
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (words->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
+        desktop.installTranslator(words);
+}
+
+// Any exception as a failure.
+void TellEscaped(Application& application) {
+    RunCommand(application, QStringLiteral("notify"), [] {
+        try {
+            throw;
+        } catch (const Failure&) {
+            throw;
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& caught) {
+            throw Failure(failure::kInvalidCall, QString::fromLocal8Bit(caught.what()));
+        } catch (...) {
+            throw Failure(failure::kInvalidCall);
+        }
+    });
+}
+
+int Run(GuardedApplication& desktop) {
+    DesktopUserInterface ui;
+    Application application(QStringLiteral(SHEETWRIGHT_TITLE), QCoreApplication::applicationDirPath(),
+                            Settings(), ui);
+    ui.UseLanguageOf(application);
+    DesktopStartUp actions(application, ui);
+    LazyPrinters printers(application, [&actions] {
+        mdiSheetwright* const frame = actions.Frame();
+        FormWindow* const front = frame == nullptr ? nullptr : frame->Active();
+        return front == nullptr ? QString() : front->Document().Caption;
+    });
+    application.printing.printers = &printers;
+    ui.UsePrinters(printers);
+    desktop.Escaped = [&application] { TellEscaped(application); };
+
+    bool isFirst = false;
+    const QString commandLine = CommandLineOf(QCoreApplication::arguments().sliced(1));
+    const bool hasFailed = RunCommand(application, QStringLiteral("Main"), [&] {
+                               isFirst = Main(application, actions, commandLine);
+                           }).has_value();
+    const int result = hasFailed ? EXIT_FAILURE : isFirst ? QApplication::exec() : EXIT_SUCCESS;
+    desktop.Escaped = {};
+    application.printing.printers = nullptr;
+    return result;
+}
+
+}  // namespace
+
+}  // namespace sheetwright
+
+int main(int count, char** arguments) {
+#ifdef SIGXFSZ  // a file beyond its limit is a failed write, not the end
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+    sheetwright::GuardedApplication desktop(count, arguments);
+    sheetwright::SpeakTheSystemsLanguage(desktop);
+    sheetwright::CloseOnTermination();
+    return sheetwright::Run(desktop);
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+// The recalculation of the page on screen, over its live elements.
+
+namespace sheetwright {
+
+class frmSheetwright;
+
+// Runs the formula of each text field once, in record order: with `CurrentRecord` -1 all but those that read
+// driver data, otherwise those whose `MultiRecordIndex` it is. Raises what a formula raises; fields before it
+// then have their new values.
+void UpdateFormulas(frmSheetwright& document);
+
+}  // namespace sheetwright
