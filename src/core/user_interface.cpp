@@ -15,6 +15,10 @@ void SilentUserInterface::ShowOpen(FileDialog& /*dialog*/) {
     throw Failure(failure::kCancelled);
 }
 
+void SilentUserInterface::ShowSave(FileDialog& /*dialog*/) {
+    throw Failure(failure::kCancelled);
+}
+
 void ProgressBar::Update(qint64 done, qint64 total) {
     const qint64 percent = total <= 0 ? 100 : std::clamp<qint64>(done * 100 / total, 0, 100);
     if (percent == m_shown) return;

@@ -27,8 +27,12 @@ struct PrinterDialog {
 namespace dialogs {
 inline constexpr std::int32_t kOverwritePrompt = 2;  // for saving: an existing file is asked about
 inline constexpr std::int32_t kHideReadOnly = 4;
+inline constexpr std::int32_t kKeepFolder = 8;             // the current folder stays
+inline constexpr std::int32_t kExtensionMayDiffer = 1024;  // from the default extension
 inline constexpr std::int32_t kPathMustExist = 2048;
 inline constexpr std::int32_t kFileMustExist = 4096;
+inline constexpr std::int32_t kExplorerStyle = 524288;
+inline constexpr std::int32_t kLongNames = 2097152;
 }  // namespace dialogs
 
 // What a dialog for a file shows at first, and what the person chose in it.
@@ -55,9 +59,10 @@ class UserInterface {
     // Lets the person choose printer and pages; the choice becomes the system's default printer. Raises 32755
     // when it is cancelled.
     virtual void ShowPrinter(PrinterDialog& dialog) = 0;
-    // Lets the person choose a file to open or to save to: `fileName` and `filterIndex` become what was
-    // chosen. Raises 32755 when it is cancelled.
+    // Let the person choose a file to open, or one to save to: `fileName` and `filterIndex` become what was
+    // chosen. Raise 32755 when it is cancelled.
     virtual void ShowOpen(FileDialog& dialog) = 0;
+    virtual void ShowSave(FileDialog& dialog) = 0;
     virtual void SetPointer(Pointer pointer) = 0;
     virtual void SetStatus(const QString& text) = 0;
     [[nodiscard]] virtual QString Status() const = 0;  // what was set last
@@ -81,6 +86,7 @@ class SilentUserInterface : public UserInterface {
                               MessageButtons buttons) override;
     void ShowPrinter(PrinterDialog&) override {}  // all pages
     void ShowOpen(FileDialog& dialog) override;   // cancelled: nobody chooses
+    void ShowSave(FileDialog& dialog) override;
     void SetPointer(Pointer) override {}
     void SetStatus(const QString& text) override { m_status = text; }
     [[nodiscard]] QString Status() const override { return m_status; }

@@ -8,6 +8,7 @@
 #include "core/keyed_collection.h"
 #include "document/design_records.h"
 #include "document/document_window.h"
+#include "document/file_stamp.h"
 #include "document/memory_block.h"
 #include "formula/value.h"
 #include "import/csv_table.h"
@@ -17,6 +18,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace sheetwright {
@@ -49,6 +51,7 @@ class frmSheetwright {
     bool PageChanged = false;        // the page on screen differs from its lines
     bool DoSaveAsOnly = false;       // can't be saved under its own name
     bool MyReadonly = false;         // the file was opened read-only
+    std::optional<FileStamp> Stamp;  // of its own file as it was read or saved last; none without one
     QString MyTempDir;               // with trailing separator
     std::int16_t MyOrientation = 0;  // paper of the page on screen
     std::int16_t MyPaperSize = 0;

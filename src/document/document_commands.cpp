@@ -74,6 +74,18 @@ void OpenInWindow(frmSheetwright& document, const UnloadDocument& unload) {
     ShowFirstPage(document);
 }
 
+// What another program or window has made of the file since it was read must not vanish unnoticed. A host
+// knows what happens to its files.
+bool MayReplaceFile(const frmSheetwright& document) {
+    const Application& application = document.application;
+    const std::optional<FileStamp> there = StampOf(document.Tag);
+    if (!document.Stamp || !there || *document.Stamp == *there || application.ReportMode) return true;
+    return application.ui.ShowMessage(
+               application.Translate(
+                   QStringLiteral("The file has been changed since it was opened. Replace it?")),
+               application.Title, MessageIcon::Exclamation, MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
 }  // namespace
 
 void OpenaftFile(Application& application, const QString& path, const MakeDocument& make,
@@ -92,13 +104,15 @@ void OpenForm(Application& application, const QString& path, const MakeDocument&
     SetFormFolder(application, GetFolder(path));
     frmSheetwright& document = make();
     document.Tag = path;
+    document.Stamp = StampOf(path);
     document.MyReadonly = IsReadOnly(path);
     OpenInWindow(document, unload);
 }
 
 void mnuFileSave_Click(frmSheetwright& document) {
+    if (!MayReplaceFile(document)) return;
     const BusyDocument busy(document.Busy);
-    (void)SaveForm(document);  // tells of its failures itself
+    if (SaveForm(document)) document.Stamp = StampOf(document.Tag);
     document.Caption = GetFileName(OnDisk(document.Tag));
 }
 

@@ -24,8 +24,8 @@ void OpenaftFile(Application& application, const QString& path, const MakeDocume
 void OpenForm(Application& application, const QString& path, const MakeDocument& make,
               const UnloadDocument& unload);
 
-// Saves the document to its tag. A failure is told; the document then stays changed, the file on disk as it
-// was.
+// Saves the document to its tag. Asks before it replaces a file that is not the one that was read or saved
+// last. A failure is told; the document then stays changed, the file on disk as it was.
 void mnuFileSave_Click(frmSheetwright& document);
 
 }  // namespace sheetwright

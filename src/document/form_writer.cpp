@@ -130,12 +130,13 @@ void WriteFormFile(frmSheetwright& document, Recalculate recalculate) {
 
 bool SaveForm(frmSheetwright& document, Recalculate recalculate) {
     Application& application = document.application;
-    const bool wasChanged = document.Changed || document.PageChanged;
+    bool wasChanged = false;
     const bool wasSaveAsOnly = document.DoSaveAsOnly;
     bool isSaved = false;
     const std::optional<Failure> failed = Catching([&] {
         application.CurrentTempDir = document.MyTempDir;
         SavePage(document);
+        wasChanged = document.Changed || document.PageChanged;  // now also by what was being typed
         WriteFormFile(document, recalculate);
         isSaved = ZipForm(application, document.Tag, document.MyTempDir);
     });

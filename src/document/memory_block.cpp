@@ -29,6 +29,11 @@ void AppendDecoded(PageLines& page, QStringView line, const QString& text) {
     page.AppendSlice(text, line);
 }
 
+// A changed line holds what a save and a reading would make of it: character 127 exists only in files.
+QString AsRead(QString line) {
+    return WithPairedLineBreaks(line.contains(QChar(127)) ? DecodeLineBreaks(line) : std::move(line));
+}
+
 // The header of a page for another number; a line without a design is no header of a data page and stays.
 void RenumberLine(PageLines& page, int position, int number) {
     const QStringView line = page.Line(position);
@@ -37,6 +42,18 @@ void RenumberLine(PageLines& page, int position, int number) {
     QString renumbered = line.first(std::min(kPageNumberAt, line.size())).toString();
     renumbered.append(QString::number(number)).append(line.sliced(design));
     page.Replace(position, std::move(renumbered));
+}
+
+// The first line of a page for another number. What has no blank behind its number stays, and so does a page
+// without lines.
+void RenumberHeader(PageLines& page, int number) {
+    if (page.IsEmpty()) return;
+    const QStringView line = page.Line(1);
+    const qsizetype blank = line.indexOf(u' ', kPageNumberAt);
+    if (blank < 0) return;
+    QString renumbered = line.first(kPageNumberAt).toString();
+    renumbered.append(QString::number(number)).append(line.sliced(blank));
+    page.Replace(1, std::move(renumbered));
 }
 
 std::int16_t DesignOf(const PageLines& page) {
@@ -105,13 +122,13 @@ void MemoryBlock::ReplaceDesignLine(int page, int position, QString line) {
 }
 
 void MemoryBlock::ReplaceDataLine(int page, int position, QString line) {
-    Checked(m_dataPages, page).Replace(position, WithPairedLineBreaks(std::move(line)));
+    Checked(m_dataPages, page).Replace(position, AsRead(std::move(line)));
     if (position == 1) NoteHeaderChange(static_cast<std::size_t>(page));
 }
 
 void MemoryBlock::AppendDataLine(int page, QString line) {
     PageLines& lines = Checked(m_dataPages, page);
-    lines.Append(WithPairedLineBreaks(std::move(line)));
+    lines.Append(AsRead(std::move(line)));
     if (lines.Count() == 1) NoteHeaderChange(static_cast<std::size_t>(page));
 }
 
@@ -133,6 +150,14 @@ void MemoryBlock::InsertDataPage(int position, std::int16_t design) {
     } else {
         NoteHeaderChange(static_cast<std::size_t>(position));
     }
+}
+
+void MemoryBlock::RemoveDataPage(int position) {
+    if (position < 1 || position > DataPageCount()) throw Failure(failure::kSubscript);
+    m_dataPages.erase(m_dataPages.begin() + position);
+    m_designs.reset();
+    for (int number = position; number <= DataPageCount(); ++number)
+        RenumberHeader(m_dataPages[static_cast<std::size_t>(number)], number);
 }
 
 void MemoryBlock::RenumberFrom(int position) {

@@ -53,15 +53,21 @@ class MemoryBlock {
     // of them before is out of date then.
     [[nodiscard]] std::uint64_t DesignRevision() const { return m_designRevision.number; }
 
+    // These raise 9 outside the array or the page. In a data line breaks of any kind, and character 127,
+    // become CR LF.
     void ReplaceDesignLine(int page, int position, QString line);
     void ReplaceDataLine(int page, int position, QString line);
-    void AppendDataLine(int page, QString line);  // line breaks of any kind become CR LF
-    void ClearDataPage(int page);                 // these four raise 9 outside the array or the page
+    void AppendDataLine(int page, QString line);
+    void ClearDataPage(int page);
 
     // Makes room at `position` (1 to DataPageCount + 1, else raises 9): later pages move up by one and their
     // headers are renumbered. The new page holds "BEGIN PAGE position DESIGN=design" and "END PAGE". Raises 6
     // past 32,767 pages.
     void InsertDataPage(int position, std::int16_t design);
+
+    // Takes a page (1 to DataPageCount, else raises 9) out: later pages move down by one and the first line
+    // of each gets its new number.
+    void RemoveDataPage(int position);
 
     // The number behind the "=" of a data page's first line. A page with no line has design 0. Raises 13 or 6
     // when that is no 16-bit number.

@@ -21,6 +21,8 @@ namespace {
 constexpr Colour kTypeHereEdge = 0xE6DCD3;
 constexpr Colour kInstructionText = 0x707070;
 
+constexpr std::int16_t kRightAligned = 1;
+
 constexpr Colour kRgb = 0xFFFFFF;
 constexpr Colour kSystemColour = 0x80000000;
 constexpr Colour kBlack = 0;
@@ -84,7 +86,11 @@ void DrawAround(const PrintState& state, PictureSurface& surface, const TextElem
     const Extent place = PlaceOnPaper(state, entry);
     if (!entry.isTransparent) FillBox(state, surface, entry.place, entry.backColor);
     if (entry.hasBorder) return DrawFieldBorder(state, surface, kBoxBorder, place);
-    if (!entry.isTransparent) DrawEdge(state, surface, place);
+    if (entry.isTransparent) return;
+    Extent edge = place;
+    edge.width +=
+        2 * state.ScreenTwipsPerPixelX;  // texts stand one pixel to the right, also right-aligned ones
+    DrawEdge(state, surface, edge);
 }
 
 CheckLook LookOf(const FieldElement& check) {

@@ -20,9 +20,12 @@ namespace {
 
 using Bag = std::shared_ptr<PropertyBag>;
 
+// A number that stands for a colour of the desktop is no colour of paper: white, as for any bad one.
 void SetBackground(PictureSurface& picForm, const PageRecord& record) {
-    picForm.BackColor = PageRecord::kWhite;
-    Ignoring([&] { picForm.BackColor = record.BackGround(); });
+    constexpr Colour kOfDesktop = 0x80000000;
+    Colour background = PageRecord::kWhite;
+    Ignoring([&] { background = record.BackGround(); });
+    picForm.BackColor = (background & kOfDesktop) != 0 ? PageRecord::kWhite : background;
 }
 
 void SetStationery(frmSheetwright& document, const QString& value) {
@@ -135,6 +138,7 @@ void MakeBitmap(frmSheetwright& document, const Bag& bag, const FieldRecord& rec
     control.SetFont(ControlFont(record));
     control.SetForeColor(record.ForeColor());
     Place(element, record);
+    element.isVisible = true;
     control.SetEnabled(!record.ReadOnly());
     element.isVisible = record.Visible();
     Register(page, bag, u'B' + QString::number(page.Bitmaps.Count()), record.TabIdx(), record.Name());

@@ -89,7 +89,6 @@ int ValueShowing(const ScrollBar& bar, double view, double start, double end) {
 }  // namespace
 
 void SizeForm(frmSheetwright& document) {
-    if (document.window->IsMinimised()) return;
     Application& application = document.application;
     PictureSurface& picForm = document.surfaces->picForm;
     const Page& page = *document.page;

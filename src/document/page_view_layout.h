@@ -7,7 +7,8 @@ namespace sheetwright {
 class frmSheetwright;
 
 // Sizes `picForm` as the paper, fits `picContainer` and the scroll bars to the window, paints the stationery.
-// To be called on each resize of the window, too. What fails is told in one message; the rest stands.
+// To be called on each resize of a window that isn't minimised, too. What fails is told in one message; the
+// rest stands.
 void SizeForm(frmSheetwright& document);
 
 // Brings the element with the focus into view.

@@ -54,8 +54,8 @@ ElementRef NextElement(const frmSheetwright& document, int position, TabDirectio
 }
 
 void GoTo(frmSheetwright& document, ElementRef element) {
+    Unselect(document, element);
     if (element.kind == ElementKind::Entry) {
-        Unselect(document, element);
         Entries_GotFocus(document, element.number);
     } else {
         FocusField(document, element);

@@ -69,13 +69,18 @@ void DrawPictureElement(const ElementDrawing& element) {
     if (!named.isEmpty()) element.Step([&] { file = OwnPicture(form, named); });
     if (!file.isEmpty()) element.Step([&] { Show(surface, form.surfaces.pictures.Load(file)); });
 
+    const double insideX = isFramed ? state.ScreenTwipsPerPixelX : 0;
+    const double insideY = isFramed ? state.ScreenTwipsPerPixelY : 0;
     element.Step([&] {
-        surface.Left = record.AbsLeft() + (isFramed ? state.ScreenTwipsPerPixelX : 0);
-        surface.Top = record.AbsTop() + (isFramed ? state.ScreenTwipsPerPixelY : 0);
+        surface.Left = record.AbsLeft() + insideX;
+        surface.Top = record.AbsTop() + insideY;
     });
     element.Step([&] {
-        DrawBitmap(form.application, element.device, surface, record.Width() - state.ScreenTwipsPerPixelX,
-                   record.Height() - state.ScreenTwipsPerPixelY);
+        // The frame on screen is one pixel smaller than the one on paper, and must not be painted over.
+        const double edgeX = state.ScreenTwipsPerPixelX + (element.isOnScreen ? insideX : 0);
+        const double edgeY = state.ScreenTwipsPerPixelY + (element.isOnScreen ? insideY : 0);
+        DrawBitmap(form.application, element.device, surface, record.Width() - edgeX,
+                   record.Height() - edgeY);
     });
 }
 

@@ -56,12 +56,13 @@ CalendarPopup::CalendarPopup(const Application& application, QWidget* parent)
 void CalendarPopup::OpenAt(const QRect& field, QDate date) {
     m_calendar->setSelectedDate(date);
     m_calendar->setCurrentPage(date.year(), date.month());
-    for (QWidget* const part : findChildren<QWidget*>())
-        part->ensurePolished();  // the style has its say in the size
-    ensurePolished();
-    adjustSize();
-    move(CornerOf(field, size(), parentWidget()->screen()->availableGeometry()));
+    const auto place = [&] {
+        adjustSize();
+        move(CornerOf(field, size(), parentWidget()->screen()->availableGeometry()));
+    };
+    place();
     show();
+    place();  // its parts know their size only now
     m_calendar->setFocus(Qt::PopupFocusReason);
 }
 

@@ -146,6 +146,11 @@ void DesktopUserInterface::ShowOpen(FileDialog& dialog) {
     ChooseFile(dialog, QApplication::activeWindow());
 }
 
+void DesktopUserInterface::ShowSave(FileDialog& dialog) {
+    const OwnPointer pointer(m_isBusy);
+    ChooseFile(dialog, QApplication::activeWindow(), FileChoice::Save);
+}
+
 void DesktopUserInterface::SetPointer(Pointer pointer) {
     const bool isBusy = pointer == Pointer::Hourglass;
     if (isBusy == m_isBusy) return;

@@ -31,6 +31,7 @@ class DesktopUserInterface : public UserInterface {
                               MessageButtons buttons = MessageButtons::Ok) override;
     void ShowPrinter(PrinterDialog& dialog) override;
     void ShowOpen(FileDialog& dialog) override;
+    void ShowSave(FileDialog& dialog) override;
     void SetPointer(Pointer pointer) override;
     void SetStatus(const QString& text) override;
     [[nodiscard]] QString Status() const override { return m_status; }

@@ -8,6 +8,7 @@
 
 #include <QFontMetrics>
 #include <QWidget>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -66,8 +67,7 @@ QColor ScreenColour(Colour colour, const QPalette& palette) {
     return {part(0), part(8), part(16)};
 }
 
-EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip,
-                       int fieldHeight) {
+EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip) {
     const usrEntry& entry = document.page->Entry;
     const Fonts& fonts = FontsOf(document.application);
     EditorLook look;
@@ -77,11 +77,9 @@ EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double p
     look.alignment = AlignmentOf(entry.Alignment());
     look.left = qRound(kTwipsBefore * pixelsPerTwip);
     if (look.alignment == Qt::AlignRight) look.overhang = look.left + kCursorWidth;
-    const QFontMetrics metrics(look.font);
-    const double above = std::clamp(kTwipsAbove * pixelsPerTwip, 0.0,
-                                    static_cast<double>(std::max(0, fieldHeight - metrics.height())));
+    const double above = kTwipsAbove * pixelsPerTwip;
     look.baseline = qRound(above + fonts.Ascent(entry.Font()) * pixelsPerTwip);
-    look.height = metrics.height();
+    look.height = qCeil(above) + QFontMetrics(look.font).height();
     return look;
 }
 

@@ -28,9 +28,8 @@ struct EditorLook {
 
 inline constexpr int kCursorWidth = 1;  // pixels
 
-// Of `Page::Entry` in a field of that height in pixels. `screen` tells the palette and the resolution.
-[[nodiscard]] EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip,
-                                     int fieldHeight);
+// Of `Page::Entry`. `screen` tells the palette and the resolution.
+[[nodiscard]] EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip);
 
 // A colour of the form; those that name one of the system's come from the palette.
 [[nodiscard]] QColor ScreenColour(Colour colour, const QPalette& palette);

@@ -3,7 +3,6 @@
 #include "core/application.h"
 #include "document/document.h"
 #include "document/page.h"
-#include "fields/navigation.h"
 #include "ui/date_editor.h"
 #include "ui/event_boundary.h"
 #include "ui/key_events.h"
@@ -214,7 +213,7 @@ void EntryEditor::Impl::ShowWidget() {
 void EntryEditor::Impl::Arrange() {
     m_isLoading = true;
     QRect inside = m_place.toRect();
-    const EditorLook look = LookOfEntry(m_document, *m_parent, m_pixelsPerTwip, inside.height());
+    const EditorLook look = LookOfEntry(m_document, *m_parent, m_pixelsPerTwip);
     const int narrowest = qRound(m_current->NarrowestTwips() * m_pixelsPerTwip);
     inside.setWidth(std::max(inside.width(), narrowest) + look.overhang);
     inside.setHeight(std::max(inside.height(), look.height));

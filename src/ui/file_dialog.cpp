@@ -30,9 +30,11 @@ bool Has(const FileDialog& dialog, std::int32_t flag) {
     return (dialog.flags & flag) != 0;
 }
 
-void Dress(QFileDialog& box, const FileDialog& dialog, const QStringList& filters) {
-    const bool isSaving = Has(dialog, dialogs::kOverwritePrompt);
+void Dress(QFileDialog& box, const FileDialog& dialog, const QStringList& filters, FileChoice choice) {
+    const bool asksToReplace = Has(dialog, dialogs::kOverwritePrompt);
+    const bool isSaving = choice == FileChoice::Save || asksToReplace;
     box.setAcceptMode(isSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setOption(QFileDialog::DontConfirmOverwrite, !asksToReplace);
     box.setFileMode(Has(dialog, dialogs::kFileMustExist) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     box.setDefaultSuffix(dialog.defaultExtension);
     if (!filters.isEmpty()) {
@@ -57,10 +59,10 @@ QStringList NameFilters(const QString& filter) {
     return filters;
 }
 
-void ChooseFile(FileDialog& dialog, QWidget* parent) {
+void ChooseFile(FileDialog& dialog, QWidget* parent, FileChoice choice) {
     QFileDialog box(parent, dialog.title);
     const QStringList filters = NameFilters(dialog.filter);
-    Dress(box, dialog, filters);
+    Dress(box, dialog, filters, choice);
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) throw Failure(failure::kCancelled);
     dialog.fileName = box.selectedFiles().constFirst();
     const qsizetype chosen = filters.indexOf(box.selectedNameFilter());

@@ -14,7 +14,9 @@ struct FileDialog;
 // patterns in brackets, "Pictures (*.png *.bmp)". Words without patterns stand for all files.
 [[nodiscard]] QStringList NameFilters(const QString& filter);
 
+enum class FileChoice { Open, Save };
+
 // Shows the dialog, modally. Raises 32755 when it is cancelled; `dialog` is then as it was.
-void ChooseFile(FileDialog& dialog, QWidget* parent);
+void ChooseFile(FileDialog& dialog, QWidget* parent, FileChoice choice = FileChoice::Open);
 
 }  // namespace sheetwright

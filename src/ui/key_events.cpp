@@ -77,6 +77,12 @@ bool MakesOwnCode(std::int16_t code) {
     return code == key::kBackspace || code == key::kEnter || code == key::kEscape;
 }
 
+// They turn pages when they are released. Pressed they are nobody else's: the area around the window would
+// scroll.
+bool TurnsPages(std::int16_t keyCode) {
+    return keyCode == key::kPageUp || keyCode == key::kPageDown;
+}
+
 bool SendToEditor(Page& page, const QKeyEvent& event, std::int16_t keyCode) {
     if (keyCode != 0 && page.Entry.ReportKeyDown(keyCode, ShiftOf(event)) == 0) return true;
     const std::int16_t keyAscii = KeyAsciiOf(event);
@@ -115,6 +121,7 @@ bool SendKeyPress(frmSheetwright& document, const QKeyEvent& event, ElementRef c
     if (keyCode != 0) Form_KeyDown(document, keyCode, ShiftOf(event));
     if (keyCode != pressed) return true;
     if (current.kind == ElementKind::Entry) return SendToEditor(*document.page, event, keyCode);
+    if (TurnsPages(keyCode)) return true;
     const std::int16_t keyAscii = KeyAsciiOf(event);
     if (current.IsNone() || keyAscii == 0) return false;
     Fields_KeyPress(document, current, keyAscii);
@@ -125,7 +132,7 @@ bool SendKeyRelease(frmSheetwright& document, const QKeyEvent& event) {
     if (event.isAutoRepeat()) return false;
     const std::int16_t keyCode = KeyCodeOf(event);
     if (keyCode != 0) Form_KeyUp(document, keyCode, ShiftOf(event));
-    return keyCode == key::kPageUp || keyCode == key::kPageDown;
+    return TurnsPages(keyCode);
 }
 
 }  // namespace sheetwright

@@ -76,7 +76,9 @@ void mdiSheetwright::OpenFromDialogSlot() {
     Run(QStringLiteral("OpenForm"), [&] { ReadForm(); });
 }
 
+// Unlike for a form the tick goes even when there is no such file.
 void mdiSheetwright::ReadTemplate(const QString& path) {
+    m_actions.blank->setChecked(false);
     OpenaftFile(
         m_application, path, [this]() -> frmSheetwright& { return MakeDocument(); },
         [this](frmSheetwright& document) { UnloadDocument(document); });
@@ -177,9 +179,10 @@ void mdiSheetwright::RefreshCommands() {
     m_actions.close->setEnabled(hasForm);
     m_actions.save->setEnabled(canSave);
     m_actions.saveAs->setEnabled(canSaveAs);
-    m_actions.saveAs->setShortcuts(canSave || !canSaveAs
-                                       ? QList<QKeySequence>{QKeySequence::SaveAs}
-                                       : QList<QKeySequence>{QKeySequence::Save, QKeySequence::SaveAs});
+    // A form without a name yet is saved by the same key as all others.
+    const QKeySequence saveAs(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    m_actions.saveAs->setShortcuts(canSave || !canSaveAs ? QList<QKeySequence>{saveAs}
+                                                         : QList<QKeySequence>{QKeySequence::Save, saveAs});
     m_actions.saveButton->setEnabled(canSave || canSaveAs);
     m_actions.update->setEnabled(hasForm);
     m_actions.edit->menuAction()->setEnabled(hasForm);

@@ -132,7 +132,7 @@ void mdiSheetwright::AddArrangement(const QString& name, const QString& caption,
 void mdiSheetwright::BuildWindowMenu() {
     m_actions.window = menuBar()->addMenu(m_application.Translate(QStringLiteral("&Window")));
     AddArrangement(QStringLiteral("mnuWindowCascade"), m_application.Translate(QStringLiteral("&Cascade")),
-                   [](QMdiArea& area) { area.cascadeSubWindows(); });
+                   Cascade);
     AddArrangement(QStringLiteral("mnuWindowTileHorizontally"),
                    m_application.Translate(QStringLiteral("Tile &Horizontally")), TileHorizontally);
     AddArrangement(QStringLiteral("mnuWindowTileVertically"),
@@ -201,6 +201,7 @@ void mdiSheetwright::BuildZoomBox() {
     m_zoom->setAutoRaise(true);
     m_zoom->setFocusPolicy(Qt::NoFocus);
     m_zoom->setPopupMode(QToolButton::InstantPopup);
+    m_zoom->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     auto* const menu = new QMenu(m_zoom);
     for (const int percent : kZooms)
         AddZoom(*menu, QStringLiteral("Zoom%1").arg(percent), ZoomText(percent / kPercent),
@@ -228,6 +229,9 @@ void mdiSheetwright::DrawIcons() {
     m_actions.update->setIcon(LineIcon(QStringLiteral("formulas"), colour));
     m_actions.addPage->setIcon(LineIcon(QStringLiteral("add_page"), colour));
     m_pages->SetIconColour(colour);
+    // Two colours would not do on the bar of a chosen entry.
+    for (QAction* const action : {m_actions.open, m_actions.save, m_actions.update, m_actions.addPage})
+        action->setIconVisibleInMenu(false);
 }
 
 QString mdiSheetwright::ZoomText(double zoom) {

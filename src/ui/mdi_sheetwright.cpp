@@ -15,6 +15,7 @@
 #include "ui/page_buttons.h"
 #include "ui/page_view.h"
 #include "ui/save_rules.h"
+#include "ui/tiling.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAction>
@@ -31,6 +32,8 @@
 namespace sheetwright {
 
 namespace {
+
+constexpr QSize kSmallestForm(240, 160);
 
 FormWindow& FormOf(const QMdiSubWindow& window) {
     return *static_cast<FormWindow*>(window.widget());
@@ -105,10 +108,11 @@ frmSheetwright& mdiSheetwright::MakeDocument() {
     window->setAttribute(Qt::WA_DeleteOnClose);
     connect(window, &QObject::destroyed, this, &mdiSheetwright::Refresh);
     Activate(window);
+    window->setMinimumSize(kSmallestForm);
+    window->resize(RoomForOne(*m_area));
     if (isWhole) {
         window->showMaximized();
     } else {
-        window->resize(m_area->viewport()->size() * 3 / 4);
         window->show();
     }
     return form.Document();

@@ -192,9 +192,9 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     return view ? new PageAccessibility(*view) : nullptr;  // the cache of all interfaces owns it
 }
 
-PageAccessibility* InterfaceOf(PageView& view) {
-    if (!QAccessible::isActive()) return nullptr;
-    return dynamic_cast<PageAccessibility*>(QAccessible::queryAccessibleInterface(&view));
+PageAccessibility* InterfaceOf(PageView& view, AccessibilityTeller tell) {
+    const bool isHeard = tell != &QAccessible::updateAccessibility || QAccessible::isActive();
+    return isHeard ? dynamic_cast<PageAccessibility*>(QAccessible::queryAccessibleInterface(&view)) : nullptr;
 }
 
 }  // namespace
@@ -203,18 +203,18 @@ void RegisterPageAccessibility() {
     QAccessible::installFactory(&MakeInterface);
 }
 
-void AccessibilityFocusChanged(PageView& view, ElementRef element) {
-    const PageAccessibility* const page = InterfaceOf(view);
+void AccessibilityFocusChanged(PageView& view, ElementRef element, AccessibilityTeller tell) {
+    const PageAccessibility* const page = InterfaceOf(view, tell);
     if (!page) return;
     QWidget* const editor = element.kind == ElementKind::Entry ? view.Editor().FocusWidget() : nullptr;
     QAccessibleInterface* const focus =
         editor ? QAccessible::queryAccessibleInterface(editor) : page->Element(element);
     QAccessibleEvent event(focus ? focus : QAccessible::queryAccessibleInterface(&view), QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
+    tell(&event);
 }
 
-void AccessibilityValueChanged(PageView& view, ElementRef element) {
-    const PageAccessibility* const page = InterfaceOf(view);
+void AccessibilityValueChanged(PageView& view, ElementRef element, AccessibilityTeller tell) {
+    const PageAccessibility* const page = InterfaceOf(view, tell);
     QAccessibleInterface* const changed = page ? page->Element(element) : nullptr;
     if (!changed) return;
     const QString value = changed->text(QAccessible::Value);
@@ -224,18 +224,18 @@ void AccessibilityValueChanged(PageView& view, ElementRef element) {
         state.checked = true;
         state.checkStateMixed = true;
         QAccessibleStateChangeEvent event(changed, state);
-        QAccessible::updateAccessibility(&event);
+        tell(&event);
     }
     QAccessibleValueChangeEvent event(changed, value);
-    QAccessible::updateAccessibility(&event);
+    tell(&event);
 }
 
-void AccessibilityPageChanged(PageView& view) {
-    const PageAccessibility* const page = InterfaceOf(view);
+void AccessibilityPageChanged(PageView& view, AccessibilityTeller tell) {
+    const PageAccessibility* const page = InterfaceOf(view, tell);
     if (!page) return;
     page->Drop();
     QAccessibleEvent event(&view, QAccessible::ObjectReorder);
-    QAccessible::updateAccessibility(&event);
+    tell(&event);
 }
 
 }  // namespace sheetwright

@@ -1,16 +1,20 @@
 #include "ui/tiling.h"
 
+#include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace sheetwright {
 
 namespace {
 
+// The one in front last.
 QList<QMdiSubWindow*> ShownWindows(const QMdiArea& area) {
-    QList<QMdiSubWindow*> shown;
-    for (QMdiSubWindow* const window : area.subWindowList(QMdiArea::StackingOrder))
-        if (!window->isMinimized() && window->isVisible()) shown.prepend(window);
+    QList<QMdiSubWindow*> shown = area.subWindowList(QMdiArea::StackingOrder);
+    shown.removeIf([](const QMdiSubWindow* window) { return window->isMinimized() || !window->isVisible(); });
     return shown;
 }
 
@@ -20,7 +24,8 @@ int Edge(int length, qsizetype at, qsizetype count) {
 }
 
 void Tile(QMdiArea& area, bool isBeside) {
-    const QList<QMdiSubWindow*> shown = ShownWindows(area);
+    QList<QMdiSubWindow*> shown = ShownWindows(area);
+    std::ranges::reverse(shown);
     const QSize room = area.viewport()->size();
     const int length = isBeside ? room.width() : room.height();
     for (qsizetype at = 0; at < shown.size(); ++at) {
@@ -33,6 +38,24 @@ void Tile(QMdiArea& area, bool isBeside) {
 }
 
 }  // namespace
+
+QSize RoomForOne(const QMdiArea& area) {
+    return area.viewport()->size() * 3 / 4;
+}
+
+void Cascade(QMdiArea& area) {
+    const QSize room = area.viewport()->size();
+    const QSize size = RoomForOne(area);
+    const int step = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    QPoint corner;
+    for (QMdiSubWindow* const window : ShownWindows(area)) {
+        window->showNormal();
+        window->setGeometry(QRect(corner, size));
+        window->raise();
+        corner += QPoint(step, step);
+        if (corner.y() + size.height() > room.height()) corner = QPoint();
+    }
+}
 
 void TileHorizontally(QMdiArea& area) {
     Tile(area, false);

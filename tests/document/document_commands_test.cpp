@@ -264,6 +264,27 @@ TEST_F(SavingCommand, FailureIsToldAndTheDocumentStaysChanged) {
     EXPECT_FALSE(FileExists(Last().Tag));
 }
 
+TEST_F(SavingCommand, WhatWasBeingTypedIsAChangeWhenPackingFails) {
+    const QByteArray before = Read(S("forms/sheet.aff"));
+    ASSERT_TRUE(QDir().mkpath(Path(S("forms/other.aff/in the way"))));
+    Last().Tag = Path(S("forms/other.aff"));
+    Last().page->Entry.ReportText(S("typed"));
+    mnuFileSave_Click(Last());
+    ASSERT_EQ(m_ui.messages.size(), 1U);
+    EXPECT_TRUE(m_ui.messages[0].text.startsWith(S("Error code ")));
+    EXPECT_TRUE(Last().Changed);
+    EXPECT_EQ(Last().page->Entries.At(1).text, S("typed"));
+    EXPECT_EQ(Read(S("forms/sheet.aff")), before);
+}
+
+TEST_F(SavingCommand, UnchangedDocumentStaysSoWhenPackingFails) {
+    ASSERT_TRUE(QDir().mkpath(Path(S("forms/other.aff/in the way"))));
+    Last().Tag = Path(S("forms/other.aff"));
+    mnuFileSave_Click(Last());
+    EXPECT_EQ(m_ui.messages.size(), 1U);
+    EXPECT_FALSE(Last().Changed);
+}
+
 TEST_F(SavingCommand, FailingFormulaLeavesThePageOnScreenCurrent) {
     Last().memory.AppendFormulas(1, S("SETME({nothing})"), S("a"));
     Type(S("typed"));

@@ -85,10 +85,12 @@ TEST(MemoryBlock, Character127BecomesALineBreak) {
     EXPECT_EQ(memory.DataPage(1).Line(1), u"B=\r\n\r\n");
 }
 
-TEST(MemoryBlock, AppendDataLineDecodesNothing) {
+TEST(MemoryBlock, ChangedLinesNeverHoldCharacter127) {
     MemoryBlock memory = BlockOf({1});
     memory.AppendDataLine(1, QStringLiteral("A=\u007F"));
-    EXPECT_EQ(memory.DataPage(1).Line(4), u"A=\u007F");
+    EXPECT_EQ(memory.DataPage(1).Line(4), u"A=\r\n");
+    memory.ReplaceDataLine(1, 4, QStringLiteral("A=x\u007F\ny"));
+    EXPECT_EQ(memory.DataPage(1).Line(4), u"A=x\r\n\r\ny");
     EXPECT_EQ(FailureOf([&] { memory.AppendDataLine(2, QString()); }), 9);
 }
 

@@ -79,6 +79,28 @@ TEST_F(PageData, ALineBreakIsCarriedAsSuch) {
     EXPECT_EQ(Lines(1).at(2), S("B=one\r\ntwo\r\nthree"));
 }
 
+TEST_F(PageData, Character127IsALineBreak) {
+    FormText form = Form();
+    form.Data(1, Values(S("one"), S("two")));
+    Show(form);
+    ThePage().Entries.At(1).text = S("one\x7Ftwo");
+    SavePage(*m_document);
+    EXPECT_EQ(Lines(1).at(1), S("A=one\r\ntwo"));
+}
+
+TEST_F(PageData, ReadOnlyAndHiddenFieldsAreLoadedAndSavedAsAnyOther) {
+    FormText form;
+    form.Page(S("P")).Field(S("A"), {S("ReadOnly=True")}).Field(S("B"), {S("Visible=False")});
+    form.Data(1, {S("A=one"), S("B=two")}).Data(1, {S("A=three"), S("B=four")});
+    Show(form);
+    Turn(2);
+    EXPECT_EQ(Texts(), QStringList({S("three"), S("four")}));
+    EXPECT_FALSE(ThePage().Entries.At(2).isVisible);
+    SavePage(*m_document);
+    EXPECT_EQ(Lines(2).mid(1, 2), QStringList({S("A=three"), S("B=four")}));
+    EXPECT_EQ(Lines(1).mid(1, 2), QStringList({S("A=one"), S("B=two")}));
+}
+
 TEST_F(PageData, APageWithoutValuesShowsEmptyFields) {
     FormText form = Form();
     form.Data(1, Values(S("one"), S("two"), S("3"), S("photo.bmp"))).Data(1, {});

@@ -55,8 +55,8 @@ class PageDrawing : public PrintingTest {
     QStringList DrawnEntry() { return LastDrawn(DrawEntry, m_document.page->Entries.Count()); }
     QStringList DrawnCheck() { return LastDrawn(DrawCheck, m_document.page->Checks.Count()); }
     QStringList DrawnBitmap() { return LastDrawn(DrawBitmap, m_document.page->Bitmaps.Count()); }
-    [[nodiscard]] static QStringList EdgeLines() {
-        return BoxLines(100, 200, 3085, 685).replaceInStrings(S("0x000000"), S("0xe6dcd3"));
+    [[nodiscard]] static QStringList EdgeLines(int right = 3085) {
+        return BoxLines(100, 200, right, 685).replaceInStrings(S("0x000000"), S("0xe6dcd3"));
     }
 
   private:
@@ -84,9 +84,16 @@ TEST_F(PageDrawing, WhereAPrinterIsInstalledTextsStandHigherAsLabelsDo) {
 }
 
 TEST_F(PageDrawing, FieldToTypeInHasItsColourAndALightEdge) {
-    AddText(S("a")).backColor = 0x0000FF;
+    TextElement& element = AddText(S("a"));
+    element.backColor = 0x0000FF;
+    element.alignment = 0;
     EXPECT_EQ(DrawnEntry(), QStringList{S("box 100,200 3085,685 pen 15/5/0x0000ff fill 0/0x0000ff")} +
                                 EdgeLines() + QStringList{S("text 115,245 \"a\" Arial 10 0x0000ff")});
+}
+
+TEST_F(PageDrawing, EdgeOfARightAlignedFieldIsRoundItsText) {
+    AddText(QString()).alignment = 1;
+    EXPECT_EQ(DrawnEntry().sliced(1), EdgeLines(3115));
 }
 
 TEST_F(PageDrawing, BorderIsThatOnPaper) {

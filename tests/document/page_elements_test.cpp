@@ -90,6 +90,13 @@ TEST_F(PageElements, AReadOnlyPictureFieldIsDisabled) {
     EXPECT_EQ(Bitmap(1).ForeColor(), 7U);
 }
 
+TEST_F(PageElements, APictureFieldWithoutReadOnlyIsShownHalfMade) {
+    BuildField({S("FieldType=1"), S("-ReadOnly")});
+    ExpectOneFailure(S("5: Invalid procedure call or argument"), S("END FIELD"));
+    EXPECT_TRUE(ThePage().Bitmaps.At(1).isVisible);
+    EXPECT_FALSE(ThePage().names.Contains(u"A"));
+}
+
 TEST_F(PageElements, ACheckBoxIsAFieldControl) {
     Build(
         [](FormText& form) {
@@ -127,6 +134,56 @@ TEST_F(PageElements, ANearlyUprightLineIsExactlyVertical) {
                 QStringList{S("BorderType=1"), S("BorderWidth=1"), S("Direction=0"), S("BorderColor=255")} +
                     PlaceAt(500, 100, 30, 2000));
     EXPECT_EQ(Painted(), QStringList(S("line 500,100 500,2085 pen 15/0/0x0000ff")));
+}
+
+TEST_F(PageElements, AnExtentOf60TwipsIsNearlyStraight) {
+    const QStringList pen{S("BorderType=1"), S("BorderWidth=1"), S("BorderColor=0")};
+    Build([&](FormText& form) {
+        const auto line = [&](const QString& direction, const QStringList& place) {
+            form.Record(S("LINE"), pen + QStringList(S("Direction=") + direction) + place);
+        };
+        line(S("1"), PlaceAt(500, 100, 75, 2000));
+        line(S("1"), PlaceAt(500, 100, 76, 2000));
+        line(S("0"), PlaceAt(500, 100, 2000, 75));
+        line(S("0"), PlaceAt(500, 100, 2000, 76));
+        line(S("1"), PlaceAt(500, 100, 30, 30));
+        line(S("2"), PlaceAt(500, 100, 1000, 1000));
+    });
+    EXPECT_EQ(Painted(),
+              QStringList(
+                  {S("line 500,2085 500,100 pen 15/0/0x000000"), S("line 500,2085 561,100 pen 15/0/0x000000"),
+                   S("line 500,100 2485,100 pen 15/0/0x000000"), S("line 500,100 2485,161 pen 15/0/0x000000"),
+                   S("line 500,100 500,100 pen 15/0/0x000000")}));
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
+TEST_F(PageElements, APatternIsOneLessThanItsTypeExceptTheLastAndStaysWhenThereIsNone) {
+    Build([](FormText& form) {
+        for (const int type : {1, 2, 5, 7, 6})
+            form.Record(S("LINE"), QStringList{S("BorderType=%1").arg(type), S("BorderWidth=1"),
+                                               S("Direction=0"), S("BorderColor=0")} +
+                                       PlaceAt(0, 100 * type, 1000, 15));
+        form.Record(S("FRAME"), QStringList(S("BorderStyle=1")) + PlaceAt(0, 0, 1000, 1000));
+    });
+    EXPECT_EQ(
+        Painted().mid(0, 6),
+        QStringList({S("line 0,100 985,100 pen 15/0/0x000000"), S("line 0,200 985,200 pen 15/1/0x000000"),
+                     S("line 0,500 985,500 pen 15/4/0x000000"), S("line 0,700 985,700 pen 15/4/0x000000"),
+                     S("line 0,600 985,600 pen 15/6/0x000000"), S("line 0,0 985,0 pen 15/0/0x000000")}));
+}
+
+TEST_F(PageElements, TheFourShapesAreFilledAndSquareAndCircleFitIntoTheirBox) {
+    Build([](FormText& form) {
+        for (const int shape : {0, 1, 2, 3})
+            form.Record(S("SHAPE"), QStringList{S("BorderType=1"), S("BorderWidth=2"), S("FillColor=255"),
+                                                S("FillStyle=%1").arg(shape), S("Shape=%1").arg(shape),
+                                                S("BorderColor=65280")} +
+                                        PlaceAt(0, 0, 1015, 515));
+    });
+    EXPECT_EQ(Painted(), QStringList({S("box 0,0 1000,500 pen 30/0/0x00ff00 fill 0/0x0000ff"),
+                                      S("box 250,0 750,500 pen 30/0/0x00ff00 fill 1/0x0000ff"),
+                                      S("ellipse 500,250 500x250 pen 30/0/0x00ff00 fill 2/0x0000ff"),
+                                      S("ellipse 500,250 250x250 pen 30/0/0x00ff00 fill 3/0x0000ff")}));
 }
 
 TEST_F(PageElements, ALineOfNoPatternKeepsThePenAsItWas) {
@@ -206,7 +263,8 @@ TEST_F(PageElements, AFramedPictureLiesOnePixelInside) {
                 QStringList{S("BorderStyle=1"), S("Picture=logo.png")} + PlaceAt(100, 200, 1000, 500));
     ASSERT_EQ(Painted().size(), 5);
     EXPECT_EQ(Painted().at(1), S("line 1085,200 1085,685 pen 15/0/0x000000"));
-    EXPECT_EQ(Painted().back(), S("picture 115,215 985x485 from 0,0 60x60 of 1 items"));
+    EXPECT_EQ(Painted().back(), S("picture 115,215 970x470 from 0,0 60x60 of 1 items"))
+        << "up to the right and the bottom line, not over them";
 }
 
 TEST_F(PageElements, AMissingPictureIsEmptyWithoutAMessage) {

@@ -161,6 +161,37 @@ TEST_F(TurningPages, WhatIsBeingTypedIsStored) {
     EXPECT_EQ(m_ui.MessageTexts(), QStringList());
 }
 
+TEST_F(TurningPages, WhatWasNotLeftBeforeRecalculatesNothing) {
+    Type(S("7"));
+    ASSERT_FALSE(m_document->PageChanged);
+    MoveToPage(*m_document, 3);
+    EXPECT_EQ(Lines(1),
+              (QStringList{S("BEGIN PAGE 1 DESIGN=1"), S("a=7"), S("next=2"), S("c=0"), S("END PAGE")}));
+    EXPECT_FALSE(m_document->PageChanged);
+    EXPECT_TRUE(m_document->Changed);
+}
+
+TEST_F(TurningPages, ACheckBoxWithTheFocusIsLeftWithItsPage) {
+    Checks_Click(*m_document, 1);
+    ASSERT_EQ(ThePage().CurrentEntry, (ElementRef{ElementKind::Check, 1}));
+    MoveToPage(*m_document, 3);
+    EXPECT_EQ(Lines(1).value(3), S("c=1"));
+    EXPECT_EQ(ThePage().Checks.At(1).control->Value(), S("1")) << "of the third page";
+    EXPECT_TRUE(ThePage().CurrentEntry.IsNone());
+    EXPECT_FALSE(m_document->PageChanged);
+    SimulateTab(*m_document);
+    EXPECT_EQ(ThePage().CurrentEntry, (ElementRef{ElementKind::Entry, 1}));
+}
+
+TEST_F(TurningPages, ATypedTextIsKeptForUndoThroughItsField) {
+    Type(S("7"));
+    SetUndo(*m_document);
+    EXPECT_TRUE(ThePage().CurrentEntry.IsNone()) << "the field was left";
+    EXPECT_EQ(TextAt(1), S("7"));
+    EXPECT_EQ(m_document->Pages, 3);
+    EXPECT_EQ(m_document->memory.DataPageCount(), 3);
+}
+
 TEST_F(TurningPages, AChangedPageRecalculatesTheForm) {
     Type(S("7"));
     Unselect(*m_document);

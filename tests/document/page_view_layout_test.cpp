@@ -81,14 +81,14 @@ TEST_F(PageViewLayout, ALargerWindowScrollsBack) {
     EXPECT_EQ(m_document->surfaces->picForm.Top, -123 * 15);
 }
 
-TEST_F(PageViewLayout, AMinimisedWindowKeepsItsLayout) {
-    const Size before = ThePage().picContainer;
+TEST_F(PageViewLayout, APageThatIsBuiltInAMinimisedWindowIsSized) {
     m_window.minimised = true;
-    m_window.inside = {};
-    m_window.calls.clear();
+    m_application->CurrentPaperSize = 11;
+    m_document->MyPaperSize = 11;
     SizeForm(*m_document);
-    EXPECT_EQ(ThePage().picContainer, before);
-    EXPECT_TRUE(m_window.calls.isEmpty());
+    EXPECT_EQ(m_document->surfaces->picForm.Width(), 8391);
+    EXPECT_EQ(m_document->surfaces->picForm.Height(), 11906);
+    EXPECT_TRUE(m_ui.messages.empty());
 }
 
 TEST_F(PageViewLayout, TheWindowIsToldOfTheLayout) {

@@ -147,6 +147,16 @@ TEST_F(Navigation, TheOnlyFieldKeepsTheFocusAndItsText) {
     EXPECT_EQ(ShiftTab(), S("1"));
 }
 
+TEST_F(Navigation, TheOnlyCheckBoxIsLeftAndEnteredAgain) {
+    AddCheck();
+    Tab();
+    EXPECT_FALSE(m_document.Changed);
+    EXPECT_EQ(Tab(), S("C1"));
+    EXPECT_EQ(m_window.focused, kCheck1);
+    EXPECT_TRUE(IsMarkedChanged());
+    EXPECT_EQ(Check(1).Value(), S("0"));
+}
+
 TEST_F(Navigation, TabGoesThroughCheckBoxesAndPictures) {
     AddField();
     AddCheck();

@@ -3,6 +3,8 @@
 #include "core/application.h"
 #include "document/document.h"
 #include "document/page.h"
+#include "document/page_on_screen_test.h"
+#include "fields/editing.h"
 #include "formula/recalculation.h"
 #include "support/page_window.h"
 #include "support/short_text.h"
@@ -201,6 +203,37 @@ TEST_F(PageUpdate, DocumentIsBusyMeanwhile) {
     m_document.SavePageHook = [this] { EXPECT_EQ(m_document.Busy, 1); };
     UpdateFormulas(m_document);
     EXPECT_EQ(m_document.Busy, 0);
+}
+
+using PageUpdateOnScreen = PageOnScreenTest;
+
+TEST_F(PageUpdateOnScreen, TakesWhatIsBeingTypedAndTheNextSaveStoresTheResults) {
+    FormText form;
+    form.Page(S("A")).Field(S("x")).Formula(S("out"), S("SETME(ADD({FIELDS\\A,x},1))"));
+    form.Data(1, {S("x=1"), S("out=")});
+    Show(form);
+    Entries_GotFocus(*m_document, 1);
+    ThePage().Entry.ReportText(S("41"));
+    UpdateFormulas(*m_document);
+    EXPECT_EQ(Texts(), QStringList({S("41"), S("42")}));
+    EXPECT_FALSE(ThePage().isEntryVisible);
+    EXPECT_EQ(Lines(1).mid(1, 2), QStringList({S("x=41"), S("out=")})) << "the page stays live and unsaved";
+    SavePage(*m_document);
+    EXPECT_EQ(Lines(1).mid(1, 2), QStringList({S("x=41"), S("out=42")}));
+}
+
+TEST_F(PageUpdateOnScreen, EachPassReadsItsOwnPages) {
+    FormText form;
+    form.Page(S("A")).Field(S("x")).Formula(S("out"), S("SETME({FIELDS\\A,x})"));
+    form.Data(1, {S("x=first"), S("out=")}).Data(1, {S("x=second"), S("out=")});
+    Show(form);
+    UpdateFormulas(*m_document);
+    EXPECT_EQ(TextAt(2), S("second"));
+    ÜberupdateFormulas(*m_document, false);
+    EXPECT_EQ(TextAt(2), S("first"));
+    EXPECT_EQ(m_document->DataPageNum, 1);
+    EXPECT_EQ(Lines(1).at(2), S("out=first"));
+    EXPECT_EQ(Lines(2).at(2), S("out=second"));
 }
 
 }  // namespace

@@ -43,6 +43,10 @@ class RecordingUserInterface : public UserInterface {
         if (!onFileDialog) throw Failure(failure::kCancelled);
         onFileDialog(dialog);
     }
+    void ShowSave(FileDialog& dialog) override {
+        ++saveDialogs;
+        ShowOpen(dialog);
+    }
     void SetPointer(Pointer newPointer) override {
         pointer = newPointer;
         pointers.push_back(newPointer);
@@ -73,6 +77,7 @@ class RecordingUserInterface : public UserInterface {
     std::vector<PrinterDialog> printerDialogs;            // as they were shown
     std::function<void(PrinterDialog&)> onPrinterDialog;  // what the person does with one
     std::vector<FileDialog> fileDialogs;                  // as they were shown
+    int saveDialogs = 0;                                  // how many of them were for saving
     std::function<void(FileDialog&)> onFileDialog;        // the same; without it the person cancels
     std::function<void()> onPump;                         // the commands that come in then
     std::vector<MessageAnswer> answers;                   // given in order; then Ok or Yes

@@ -1,5 +1,6 @@
 #include "form_window_test.h"
 
+#include "document/page_moves.h"
 #include "document/page_view_layout.h"
 
 #include <QMdiArea>
@@ -103,6 +104,37 @@ TEST_F(TheFormWindow, SubWindowTellsWhetherItIsMinimised) {
     EXPECT_TRUE(window->IsMinimised());
     frame->showNormal();
     EXPECT_FALSE(window->IsMinimised());
+}
+
+TEST_F(TheFormWindow, PageTurnedWhileTheWindowIsMinimisedHasItsPaperAfterwards) {
+    m_form.Page(S("Second"), {S("PaperSize=11")}).Field(S("note"), At(100, 100)).Data(2, {S("note=small")});
+    QMdiArea area;
+    area.resize(900, 700);
+    area.show();
+    QMdiSubWindow* frame = nullptr;
+    FormWindow* window = nullptr;
+    OpenForm(
+        *m_application, Write(S("form.aff"), m_form.Bytes()),
+        [&]() -> frmSheetwright& {
+            window = new FormWindow(*m_application);
+            frame = area.addSubWindow(window);
+            frame->resize(800, 600);
+            frame->show();
+            return window->Document();
+        },
+        [](frmSheetwright&) {});
+    ASSERT_NE(window, nullptr);
+    frame->showMinimized();
+    MoveToPage(window->Document(), 2);
+    frame->showNormal();
+    const PictureSurface& picForm = window->Document().surfaces->picForm;
+    EXPECT_EQ(picForm.Width(), 6000);
+    EXPECT_EQ(picForm.Height(), 4500);
+    EXPECT_FALSE(window->Document().page->vsbForm.isVisible);
+    EXPECT_EQ(window->Document().page->picContainer,
+              (Size{window->Inside().width - window->ScrollBarBreadth(),
+                    window->Inside().height - window->ScrollBarBreadth()}));
+    EXPECT_TRUE(m_ui.messages.empty());
 }
 
 TEST_F(TheFormWindow, FocusThatComesBackGoesToTheOpenEditor) {

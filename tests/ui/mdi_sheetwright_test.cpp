@@ -20,7 +20,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
-#include <QDebug>
 #include <QTimer>
 #include <QToolButton>
 
@@ -353,17 +352,14 @@ TEST_F(MdiSheetwrightTest, CancelledAddPageChangesNothing) {
 
 TEST_F(MdiSheetwrightTest, FormulasAreUpdatedAndTheirFailureIsTold) {
     FormText text;
-    text.Page(S("Cover")).Field(S("A")).Formula(S("Sum"), S("ADD(1,2)"));
+    text.Page(S("Cover")).Field(S("A")).Formula(S("Sum"), S("SETME(ADD(1,2))"));
     text.Data(1, {S("A=1"), S("Sum=")});
     FormWindow* const form = Open(S("form.aff"), text.Bytes());
     Do("MnuEditUpdate");
-    for (int i = 1; i <= form->Document().memory.DataPageCount(); ++i)
-        qWarning() << form->Document().memory.DataPage(i).Count();
-    qWarning() << m_ui.MessageTexts() << form->Document().page->Entries.Count();
     EXPECT_EQ(form->Document().page->Entries.At(2).text, S("3"));
 
     FormText broken;
-    broken.Page(S("Cover")).Field(S("A")).Formula(S("Sum"), S("EQUAL(1,\"abc\")"));
+    broken.Page(S("Cover")).Field(S("A")).Formula(S("Sum"), S("SETME(EQUAL(1,\"abc\"))"));
     broken.Data(1, {S("A=1"), S("Sum=")});
     Open(S("broken.aff"), broken.Bytes());
     m_ui.messages.clear();
@@ -397,6 +393,13 @@ TEST_F(MdiSheetwrightTest, MissingFormLeavesTheTickOfBlankFields) {
     m_frame->DialogFileName = Path(S("nothing.aff"));
     m_frame->OpenFromDialogSlot();
     EXPECT_TRUE(m_frame->IsBlankTicked());
+}
+
+TEST_F(MdiSheetwrightTest, MissingTemplateClearsTheTickOfBlankFields) {
+    Do("mnuOptionsBlank");
+    m_frame->OpenTemplate(Path(S("nothing.aft")));
+    EXPECT_FALSE(m_frame->IsBlankTicked());
+    EXPECT_EQ(m_frame->Active(), nullptr);
 }
 
 TEST_F(MdiSheetwrightTest, RemembersItsPlaceAndItsTick) {
@@ -477,13 +480,16 @@ TEST_F(MdiSheetwrightTest, ZoomBoxFollowsTheFormInFront) {
     EXPECT_EQ(box->text(), S("400\u00A0%"));
 }
 
-TEST_F(MdiSheetwrightTest, WindowsAreTiledWithoutGaps) {
+TEST_F(MdiSheetwrightTest, WindowsAreArranged) {
     FormWindow* const first = Open(S("first.aff"));
     FormWindow* const second = Open(S("second.aff"));
     const QSize room = m_frame->findChild<QMdiArea*>()->viewport()->size();
     Do("mnuWindowTileHorizontally");
     EXPECT_EQ(first->parentWidget()->width(), room.width());
     EXPECT_EQ(first->parentWidget()->height() + second->parentWidget()->height(), room.height());
+    Do("mnuWindowCascade");
+    EXPECT_EQ(first->parentWidget()->size(), room * 3 / 4);
+    EXPECT_GT(second->parentWidget()->y(), first->parentWidget()->y());
     Do("mnuWindowTileVertically");
     EXPECT_EQ(first->parentWidget()->height(), room.height());
     EXPECT_EQ(first->parentWidget()->width() + second->parentWidget()->width(), room.width());
@@ -521,6 +527,18 @@ TEST_F(MdiViewerTest, TurnsPages) {
     EXPECT_EQ(place(), S("2/2 - Results "));
     Do("mnuFileClose");
     EXPECT_THAT(m_ui.messages, IsEmpty());
+}
+
+TEST_F(MdiViewerTest, PageKeysTurnPagesAndOfferNone) {
+    FormWindow* const form = Open(S("form.aff"));
+    ASSERT_EQ(QApplication::focusWidget(), &form->View());
+    const auto press = [&](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(form->Document().DataPageNum, 2);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(form->Document().DataPageNum, 1);
+    EXPECT_TRUE(form->Document().page->CurrentEntry.IsNone());
 }
 
 TEST(StatusPanel, BarLiesBehindTheText) {
