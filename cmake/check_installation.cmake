@@ -28,7 +28,7 @@ file(READ_SYMLINK ${prefix}/bin/sheetwright-cli target)
 if(IS_ABSOLUTE ${target})
     message(FATAL_ERROR "the link leads to ${target}, which can't be moved")
 endif()
-foreach(file IN ITEMS ${INSTALL_DIR}/sheetwright-wmf ${INSTALL_DIR}/papersizes.csv
+foreach(file IN ITEMS ${INSTALL_DIR}/sheetwright-wmf ${INSTALL_DIR}/papersizes.csv ${INSTALL_DIR}/help/index.html
                       share/man/man1/sheetwright.1 share/man/man1/sheetwright-cli.1
                       share/man/man1/sheetwright-viewer.1)
     if(NOT EXISTS ${prefix}/${file})

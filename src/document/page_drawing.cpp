@@ -88,8 +88,8 @@ void DrawAround(const PrintState& state, PictureSurface& surface, const TextElem
     if (entry.hasBorder) return DrawFieldBorder(state, surface, kBoxBorder, place);
     if (entry.isTransparent) return;
     Extent edge = place;
-    edge.width +=
-        2 * state.ScreenTwipsPerPixelX;  // texts stand one pixel to the right, also right-aligned ones
+    // Texts stand one pixel to the right in their box, which takes right-aligned ones out of it.
+    if (entry.alignment == kRightAligned) edge.width += 2 * state.ScreenTwipsPerPixelX;
     DrawEdge(state, surface, edge);
 }
 
