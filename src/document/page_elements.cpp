@@ -6,6 +6,7 @@
 #include "document/page.h"
 #include "document/page_panel.h"
 #include "document/page_view_layout.h"
+#include "formula/value_conversion.h"
 #include "print/device.h"
 #include "print/fixed_elements.h"
 #include "print/form_surfaces.h"
@@ -20,11 +21,13 @@ namespace {
 
 using Bag = std::shared_ptr<PropertyBag>;
 
-// A number that stands for a colour of the desktop is no colour of paper: white, as for any bad one.
-void SetBackground(PictureSurface& picForm, const PageRecord& record) {
+// A text that is no number, and a number that stands for a colour of the desktop, are no colour of paper:
+// white, as for any bad one.
+void SetBackground(PictureSurface& picForm, const PageRecord& record, const Conventions& conventions) {
     constexpr Colour kOfDesktop = 0x80000000;
     Colour background = PageRecord::kWhite;
-    Ignoring([&] { background = record.BackGround(); });
+    if (StrictNumber(record.TextOr(u"BackGround", {}), conventions))
+        Ignoring([&] { background = record.BackGround(); });
     picForm.BackColor = (background & kOfDesktop) != 0 ? PageRecord::kWhite : background;
 }
 
@@ -156,7 +159,7 @@ void RequireResources(const Application& application) {
 void MakePage(frmSheetwright& document, const Bag& bag) {
     Application& application = document.application;
     const PageRecord record(application, *bag);
-    SetBackground(document.surfaces->picForm, record);
+    SetBackground(document.surfaces->picForm, record, application.conventions);
     document.page->Drivers = record.Drivers();
     Ignoring([&] { application.mainWindow->DriverSetup(document.page->Drivers); });
     SetStationery(document, record.PrePrinted());

@@ -76,7 +76,8 @@ TEST_F(PageBuilding, ThePagesOwnKeysAreApplied) {
 }
 
 TEST_F(PageBuilding, ABadBackgroundIsWhite) {
-    for (const char* value : {"BackGround=1e99", "BackGround=-99999999999", "BackGround=-2147483643"}) {
+    for (const char* value : {"BackGround=1e99", "BackGround=-99999999999", "BackGround=-2147483643",
+                              "BackGround=abc", "BackGround="}) {
         Build([](FormText& form) { form.Field(S("A")); }, {QString::fromLatin1(value)});
         EXPECT_EQ(m_document->surfaces->picForm.BackColor, 0xFFFFFFU) << value;
         EXPECT_TRUE(m_ui.messages.empty()) << value;
