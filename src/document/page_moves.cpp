@@ -7,6 +7,8 @@
 #include "fields/navigation.h"
 #include "formula/recalculation.h"
 
+#include <QScopedValueRollback>
+
 namespace sheetwright {
 
 namespace {
@@ -23,6 +25,10 @@ void ShowPage(frmSheetwright& document, std::int16_t number) {
     document.DataPageNum = number;
     LoadPage(document);
     document.PageChanged = false;
+}
+
+std::int16_t Beside(const frmSheetwright& document, int step) {
+    return static_cast<std::int16_t>(document.DataPageNum + step);
 }
 
 }  // namespace
@@ -45,11 +51,43 @@ void MoveToPage(frmSheetwright& document, std::int16_t number) {
     GPFFix(document);
 }
 
+void FirstPage(frmSheetwright& document) {
+    MoveToPage(document, 1);
+}
+
+void LastPage(frmSheetwright& document) {
+    MoveToPage(document, document.Pages);
+}
+
+void NextPage(frmSheetwright& document) {
+    if (document.DataPageNum < document.Pages) MoveToPage(document, Beside(document, 1));
+}
+
+void PrevPage(frmSheetwright& document) {
+    if (document.DataPageNum > 1) MoveToPage(document, Beside(document, -1));
+}
+
 void ChangePage(frmSheetwright& document, QStringView direction) {
-    if (direction == u"down" && document.DataPageNum < document.Pages)
-        MoveToPage(document, static_cast<std::int16_t>(document.DataPageNum + 1));
-    if (direction == u"up" && document.DataPageNum > 1)
-        MoveToPage(document, static_cast<std::int16_t>(document.DataPageNum - 1));
+    if (direction == u"down") NextPage(document);
+    if (direction == u"up") PrevPage(document);
+}
+
+void mnuPageGoto_Click(frmSheetwright* document, bool& gotoOpen,
+                       const std::function<void(frmSheetwright&)>& showGoto) {
+    if (gotoOpen || document == nullptr) return;
+    const QScopedValueRollback<bool> open(gotoOpen, true);
+    const std::int16_t before = document->DataPageNum;
+    showGoto(*document);
+    if (document->DataPageNum != before) SimulateTab(*document);
+}
+
+void mnuPageAdd_Click(frmSheetwright& document) {
+    const Application& application = document.application;
+    const std::int16_t before = document.DataPageNum;
+    application.mainWindow->ShowAddPage(document);
+    if (document.DataPageNum == before) return;
+    SimulateTab(document);
+    if (application.ReportMode) application.ui.TellHost(QStringLiteral("EVENT: PAGECHANGE"));
 }
 
 }  // namespace sheetwright

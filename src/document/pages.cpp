@@ -74,6 +74,8 @@ void RemovePage(frmSheetwright& document) {
     const BusyDocument busy(document.Busy);
     Unselect(document);
     TakeOut(document);
+    const bool recalculates = !document.Importing && !document.application.ViewerMode;
+    if (!recalculates) return ShowPageOfNumber(document);
     try {
         ÜberupdateFormulas(document, true);
     } catch (...) {

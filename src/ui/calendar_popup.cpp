@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextCharFormat>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace sheetwright {
 namespace {
 
 constexpr int kMargin = 4;  // pixels
+constexpr int kDark = 128;  // lightness below which a background counts as dark
 
 bool ClosesCalendar(const QKeyEvent& key) {
     if (key.key() == Qt::Key_Escape || key.key() == Qt::Key_F4) return true;
@@ -53,7 +55,16 @@ CalendarPopup::CalendarPopup(const Application& application, QWidget* parent)
     connect(today, &QPushButton::clicked, this, [this] { Pick(Today ? Today() : QDate::currentDate()); });
 }
 
+void CalendarPopup::ColourWeekends() {
+    const bool isDark = palette().color(QPalette::Base).lightness() < kDark;
+    QTextCharFormat weekend;
+    weekend.setForeground(isDark ? QColor(255, 140, 130) : QColor(192, 0, 0));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        m_calendar->setWeekdayTextFormat(day, weekend);
+}
+
 void CalendarPopup::OpenAt(const QRect& field, QDate date) {
+    ColourWeekends();
     m_calendar->setSelectedDate(date);
     m_calendar->setCurrentPage(date.year(), date.month());
     const auto place = [&] {

@@ -31,6 +31,7 @@ class CalendarPopup : public QFrame {
 
   private:
     void Pick(QDate date);
+    void ColourWeekends();
 
     QCalendarWidget* m_calendar;
 };

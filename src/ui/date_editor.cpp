@@ -9,15 +9,11 @@
 #include <QKeyEvent>
 #include <QToolButton>
 
-#include <algorithm>
 #include <utility>
 
 namespace sheetwright {
 
 namespace {
-
-constexpr int kNarrowestArrow = 12;  // pixels
-constexpr int kWidestArrow = 24;
 
 bool OpensCalendar(const QKeyEvent& key) {
     if (key.key() == Qt::Key_F4) return key.modifiers() == Qt::NoModifier;
@@ -37,15 +33,25 @@ class DateEditor::Box : public QWidget {
         arrow->setCursor(Qt::ArrowCursor);
     }
 
+    void Dress(const EditorLook& look) {
+        m_arrowWidth = look.arrow;
+        line->Dress(look);
+        Arrange();
+    }
+
     SingleLineEdit* line;
     QToolButton* arrow;
 
   protected:
-    void resizeEvent(QResizeEvent*) override {
-        const int arrowWidth = std::min(std::clamp(height(), kNarrowestArrow, kWidestArrow), width() / 2);
-        line->setGeometry(0, 0, width() - arrowWidth, height());
-        arrow->setGeometry(width() - arrowWidth, 0, arrowWidth, height());
+    void resizeEvent(QResizeEvent*) override { Arrange(); }
+
+  private:
+    void Arrange() {
+        line->setGeometry(0, 0, width() - m_arrowWidth, height());
+        arrow->setGeometry(width() - m_arrowWidth, 0, m_arrowWidth, height());
     }
+
+    int m_arrowWidth = 0;
 };
 
 DateEditor::DateEditor(const Application& application, usrEntry& entry, QWidget& frame, ReportStep report)
@@ -77,7 +83,7 @@ void DateEditor::TakeText(const QString& text) {
 }
 
 void DateEditor::Dress(const EditorLook& look) {
-    m_box->line->Dress(look);
+    m_box->Dress(look);
 }
 
 void DateEditor::SelectAll() {

@@ -27,6 +27,7 @@ class DateEditor : public FieldEditor {
     void ClosePopups() override;
     void OpenCalendar() override;
     [[nodiscard]] double NarrowestTwips() const override;
+    [[nodiscard]] bool HasArrow() const override { return true; }
 
   private:
     class Box;

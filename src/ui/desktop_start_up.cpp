@@ -3,6 +3,8 @@
 #include "core/application.h"
 #include "ui/desktop_user_interface.h"
 
+#include <QApplication>
+
 namespace sheetwright {
 
 DesktopStartUp::DesktopStartUp(Application& application, DesktopUserInterface& ui)
@@ -10,6 +12,7 @@ DesktopStartUp::DesktopStartUp(Application& application, DesktopUserInterface& u
 
 void DesktopStartUp::LoadMainWindow() {
     m_frame = std::make_unique<mdiSheetwright>(m_application);
+    m_frame->setWindowIcon(QApplication::windowIcon());
     m_ui.UseStatusPanel(m_frame->Status());
 }
 

@@ -6,6 +6,7 @@
 #include "print/fonts.h"
 #include "print/units.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QWidget>
 #include <QtMath>
@@ -23,6 +24,9 @@ constexpr double kTwipsAbove = 3 * kTwipsPerScreenPixel;
 constexpr Colour kSystemBit = 0x80000000;
 constexpr double kLeastContrast = 0.35;  // of the lightness, between a text and what lies behind it
 constexpr double kMiddle = 0.5;
+
+constexpr int kNarrowestArrow = 12;  // pixels
+constexpr int kWidestArrow = 24;
 
 constexpr std::int16_t kRight = 1;
 constexpr std::int16_t kCentre = 2;
@@ -55,6 +59,15 @@ QColor Readable(const QColor& text, const QColor& base) {
     return lightness > kMiddle ? QColor(Qt::black) : QColor(Qt::white);
 }
 
+// The font has a size in whole pixels: its characters are moved apart, or together, until they take the
+// width that they have on the page.
+QFont AsWideAsOnPage(QFont font, double pixels) {
+    constexpr double kPercent = 100;
+    const double stretch = std::clamp(pixels / std::max(1, QFontInfo(font).pixelSize()), 0.5, 2.0);
+    font.setLetterSpacing(QFont::PercentageSpacing, kPercent * stretch);
+    return font;
+}
+
 }  // namespace
 
 QColor ScreenColour(Colour colour, const QPalette& palette) {
@@ -67,11 +80,16 @@ QColor ScreenColour(Colour colour, const QPalette& palette) {
     return {part(0), part(8), part(16)};
 }
 
+int ArrowWidth(const QSize& field) {
+    return std::min(std::clamp(field.height(), kNarrowestArrow, kWidestArrow), field.width() / 2);
+}
+
 EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip) {
     const usrEntry& entry = document.page->Entry;
     const Fonts& fonts = FontsOf(document.application);
     EditorLook look;
-    look.font = fonts.Drawn(entry.Font(), pixelsPerTwip, screen.logicalDpiY());
+    look.font = AsWideAsOnPage(fonts.Drawn(entry.Font(), pixelsPerTwip, screen.logicalDpiY()),
+                               entry.Font().size * kTwipsPerPoint * pixelsPerTwip);
     look.base = ScreenColour(entry.BackColor(), screen.palette());
     look.text = Readable(ScreenColour(entry.ForeColor(), screen.palette()), look.base);
     look.alignment = AlignmentOf(entry.Alignment());

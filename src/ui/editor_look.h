@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QSize>
 
 class QWidget;
 
@@ -23,12 +24,16 @@ struct EditorLook {
     int left = 0;      // pixels from the field's edge to its text
     int baseline = 0;  // pixels from the field's top to the first line's baseline
     int overhang = 0;  // pixels by which a text on the right reaches out of the field, with its cursor
+    int arrow = 0;     // pixels on the right that the arrow of a list or calendar takes
     int height = 0;    // pixels that the field has at least, for one line of its text
 };
 
 inline constexpr int kCursorWidth = 1;  // pixels
 
-// Of `Page::Entry`. `screen` tells the palette and the resolution.
+// The width of such an arrow in a field of that size.
+[[nodiscard]] int ArrowWidth(const QSize& field);
+
+// Of `Page::Entry`, without an arrow. `screen` tells the palette and the resolution.
 [[nodiscard]] EditorLook LookOfEntry(frmSheetwright& document, const QWidget& screen, double pixelsPerTwip);
 
 // A colour of the form; those that name one of the system's come from the palette.

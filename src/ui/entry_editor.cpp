@@ -122,6 +122,7 @@ class EntryEditor::Impl : public QObject {
     [[nodiscard]] std::unique_ptr<FieldEditor> Make(EditorKind kind);
     void Load();
     void Arrange();
+    [[nodiscard]] QRect WithArrow(QRect field, EditorLook& look) const;
     void ShowAgain(const QRectF& place, double pixelsPerTwip);
     void TakeFocusAway();
     void ShowWidget();
@@ -213,15 +214,25 @@ void EntryEditor::Impl::ShowWidget() {
 void EntryEditor::Impl::Arrange() {
     m_isLoading = true;
     QRect inside = m_place.toRect();
-    const EditorLook look = LookOfEntry(m_document, *m_parent, m_pixelsPerTwip);
+    EditorLook look = LookOfEntry(m_document, *m_parent, m_pixelsPerTwip);
     const int narrowest = qRound(m_current->NarrowestTwips() * m_pixelsPerTwip);
     inside.setWidth(std::max(inside.width(), narrowest) + look.overhang);
     inside.setHeight(std::max(inside.height(), look.height));
+    if (m_current->HasArrow()) inside = WithArrow(inside, look);
     m_frame->setGeometry(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth));
     m_frame->SetBase(look.base);
     m_current->Widget().setGeometry(QRect(QPoint(kFrameWidth, kFrameWidth), inside.size()));
     m_current->Dress(look);
     m_isLoading = false;
+}
+
+// Inside the field, where it would push a text aside that doesn't stand on the left, only if there is no room
+// beside it.
+QRect EntryEditor::Impl::WithArrow(QRect field, EditorLook& look) const {
+    look.arrow = ArrowWidth(field.size());
+    const bool isBeside =
+        look.alignment != Qt::AlignLeft && field.right() + look.arrow + kFrameWidth < m_parent->width();
+    return isBeside ? field.adjusted(0, 0, look.arrow, 0) : field;
 }
 
 void EntryEditor::Impl::Move(const QRectF& place, double pixelsPerTwip) {

@@ -45,6 +45,7 @@ class FieldEditor {
     virtual void ChooseInPopup() {}
 
     [[nodiscard]] virtual double NarrowestTwips() const { return 0; }
+    [[nodiscard]] virtual bool HasArrow() const { return false; }
 };
 
 }  // namespace sheetwright

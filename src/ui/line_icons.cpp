@@ -34,8 +34,8 @@ QIcon LineIcon(const QString& name, const QColor& colour) {
     return Rendered(Drawing(name).replace("#000000", colour.name().toLatin1()));
 }
 
-QIcon ProgramIcon() {
-    return Rendered(Drawing(QStringLiteral("sheetwright")));
+QIcon ProgramIcon(bool isViewer) {
+    return Rendered(Drawing(isViewer ? QStringLiteral("sheetwright-viewer") : QStringLiteral("sheetwright")));
 }
 
 }  // namespace sheetwright

@@ -12,7 +12,7 @@ namespace sheetwright {
 // The drawing of that name, such as "open". Empty where the platform can't read such drawings.
 [[nodiscard]] QIcon LineIcon(const QString& name, const QColor& colour);
 
-// The program's emblem.
-[[nodiscard]] QIcon ProgramIcon();
+// The program's emblem. The viewer has one of its own.
+[[nodiscard]] QIcon ProgramIcon(bool isViewer = false);
 
 }  // namespace sheetwright

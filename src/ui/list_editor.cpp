@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -18,11 +19,10 @@ namespace sheetwright {
 
 namespace {
 
-constexpr int kNarrowestArrow = 12;  // pixels
-constexpr int kWidestArrow = 24;
 constexpr int kShownItems = 12;
 constexpr qsizetype kMeasuredItems = 500;  // the width of longer lists follows their beginning
 constexpr int kItemPadding = 16;           // pixels
+constexpr int kItemSpacing = 6;            // pixels
 
 bool OpensList(const QKeyEvent& key) {
     const bool isAlt = key.modifiers().testFlag(Qt::AltModifier);
@@ -35,6 +35,16 @@ int StepOf(const QKeyEvent& key) {
     if (key.key() == Qt::Key_Down) return 1;
     return key.key() == Qt::Key_Up ? -1 : 0;
 }
+
+class RoomyItems : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kItemSpacing);
+    }
+};
 
 int WidestOf(const QStringList& items, const QFontMetrics& metrics) {
     int widest = 0;
@@ -54,6 +64,7 @@ ListBox::ListBox(QWidget* parent)
     setFrame(false);
     setMaxVisibleItems(kShownItems);
     setModel(m_items);
+    setItemDelegate(new RoomyItems(this));
     // A text that is typed chooses no item, not even when the field is left.
     disconnect(m_line, &QLineEdit::editingFinished, this, nullptr);
     disconnect(m_line, &QLineEdit::returnPressed, this, nullptr);
@@ -77,8 +88,7 @@ void ListBox::showPopup() {
 }
 
 void ListBox::PlaceLine() {
-    const int arrow = std::min(std::clamp(height(), kNarrowestArrow, kWidestArrow), width() / 2);
-    m_line->setGeometry(0, 0, width() - arrow, height());
+    m_line->setGeometry(0, 0, width() - m_look.arrow, height());
 }
 
 void ListBox::resizeEvent(QResizeEvent* event) {

@@ -51,6 +51,7 @@ class ListEditor : public FieldEditor {
     [[nodiscard]] QWidget* PopupKeys() override;
     void ChooseInPopup() override;
     [[nodiscard]] double NarrowestTwips() const override;
+    [[nodiscard]] bool HasArrow() const override { return true; }
 
   private:
     void Pick(int index);

@@ -5,7 +5,6 @@
 #include "core/run_command.h"
 #include "document/document.h"
 #include "document/page_view_layout.h"
-#include "document/pages.h"
 #include "fields/editing.h"
 #include "ui/add_page_dialog.h"
 #include "ui/form_window.h"
@@ -225,11 +224,7 @@ void mdiSheetwright::RefreshPageList(frmSheetwright& document) {
 }
 
 void mdiSheetwright::ShowAddPage(frmSheetwright& document) {
-    AddPageDialog dialog(document, this);
-    if (dialog.exec() != QDialog::Accepted || dialog.Design() < 1) return;
-    SavePage(document);
-    AddPage(document, dialog.Design(), Placement::AtEnd, document.Pages);
-    RefreshPageControl(document);
+    sheetwright::ShowAddPage(this, document);
 }
 
 void mdiSheetwright::Run(const QString& name, const std::function<void()>& command) {

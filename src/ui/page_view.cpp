@@ -31,6 +31,7 @@ namespace sheetwright {
 namespace {
 
 constexpr int kFocusBreadth = 2;
+constexpr int kFocusGap = 1;  // to the square of a check box, which stands at its edge
 constexpr int kShadow = 7;
 constexpr int kShadowAlpha = 8;   // of each of its layers
 constexpr int kDarkest = 128;     // lightness below which a theme counts as dark
@@ -208,7 +209,7 @@ void PageView::EndDrag() {
 }
 
 void PageView::UpdateTwips(const QRectF& part) {
-    constexpr double kMargin = kFocusBreadth + 2;
+    constexpr double kMargin = kFocusGap + kFocusBreadth + 2;
     const QRectF exposed = OnScreen({part.x(), part.y(), part.width(), part.height()})
                                .adjusted(-kMargin, -kMargin, kMargin, kMargin);
     update((exposed & QRectF(rect())).toAlignedRect());
@@ -245,8 +246,9 @@ void PageView::PaintFocus(QPainter& painter) const {
     const Page& page = *m_document.page;
     const ElementRef current = page.CurrentEntry;
     if (current.kind == ElementKind::Entry || !IsVisible(page, current)) return;
-    const QRect inner =
-        (OnScreen(PlaceOf(page, current)) & QRectF(rect()).adjusted(-9, -9, 9, 9)).toAlignedRect();
+    const QRect inner = (OnScreen(PlaceOf(page, current)) & QRectF(rect()).adjusted(-9, -9, 9, 9))
+                            .toAlignedRect()
+                            .adjusted(-kFocusGap, -kFocusGap, kFocusGap, kFocusGap);
     const QRect outer = inner.adjusted(-kFocusBreadth, -kFocusBreadth, kFocusBreadth, kFocusBreadth);
     for (const QRect& side : QRegion(outer) - inner)
         painter.fillRect(side, palette().color(QPalette::Highlight));

@@ -24,7 +24,8 @@ class SheetwrightTest : public ::testing::Test {
         for (const char* name : {"home", "run", "program"})
             root.mkdir(S(name));
         QFile::setPermissions(Path(S("run")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QFile::copy(S(SHEETWRIGHT_BIN_DIR "/sheetwright"), Path(S("program/sheetwright")));
+        for (const char* program : {"sheetwright", "sheetwright-report"})
+            QFile::copy(S(SHEETWRIGHT_BIN_DIR "/") + S(program), Path(S("program/") + S(program)));
         QFile::copy(S(SHEETWRIGHT_SOURCE_DIR "/share/papersizes.csv"), Path(S("program/papersizes.csv")));
     }
 
@@ -40,7 +41,7 @@ class SheetwrightTest : public ::testing::Test {
         return file.fileName();
     }
 
-    void Start(QProcess& process, const QStringList& arguments) const {
+    void Start(QProcess& process, const QStringList& arguments, const char* program = "sheetwright") const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(S("QT_QPA_PLATFORM"), S("offscreen"));
         environment.insert(S("HOME"), Path(S("home")));
@@ -51,7 +52,7 @@ class SheetwrightTest : public ::testing::Test {
         environment.insert(S("LC_ALL"), S("C.UTF-8"));
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
-        process.start(Path(S("program/sheetwright")), arguments);
+        process.start(Path(S("program/") + S(program)), arguments);
         ASSERT_TRUE(process.waitForStarted(kPatience));
     }
 
@@ -72,6 +73,12 @@ class SheetwrightTest : public ::testing::Test {
         return isSo();
     }
 
+    // A window's place is stored when it is closed, if it was to be seen.
+    [[nodiscard]] bool WasShown(const QString& title) const {
+        QFile settings(Path(S("home/config/sheetwright/") + title + S(".ini")));
+        return settings.open(QIODevice::ReadOnly) && settings.readAll().contains("MainWidth=");
+    }
+
     // As the system asks it to at the end of a session.
     static void Close(QProcess& process) {
         process.terminate();
@@ -89,7 +96,30 @@ TEST_F(SheetwrightTest, OpensTheFormOfItsCommandLineAndTidiesUpWhenClosed) {
     EXPECT_TRUE(WaitUntil(process, [this] { return Unpacked() == QStringList(S("my form.aff")); }));
     Close(process);
     EXPECT_EQ(Unpacked(), QStringList());
+    EXPECT_TRUE(WasShown(S("Tolvane Quillon Sheetwright")));
     EXPECT_FALSE(QFile::exists(Path(S("program/errors.csv"))));
+}
+
+TEST_F(SheetwrightTest, ReportEngineOpensItsFormHiddenAndTidiesUpWhenClosed) {
+    QProcess process;
+    Start(process, {WriteForm()}, "sheetwright-report");
+    EXPECT_TRUE(WaitUntil(process, [this] { return Unpacked() == QStringList(S("my form.aff")); }));
+    Close(process);
+    EXPECT_EQ(Unpacked(), QStringList());
+    EXPECT_FALSE(WasShown(S("Tolvane Reports")));
+    EXPECT_FALSE(QFile::exists(Path(S("program/errors.csv"))));
+}
+
+TEST_F(SheetwrightTest, ReportEngineRunsBesideTheProgramWithWindows) {
+    QProcess first;
+    Start(first, {});
+    ASSERT_TRUE(WaitUntil(first, [this] { return QDir(Path(S("program"))).exists(S("TEMP")); }));
+    QProcess second;
+    Start(second, {WriteForm()}, "sheetwright-report");
+    EXPECT_TRUE(WaitUntil(second, [this] { return Unpacked() == QStringList(S("my form.aff")); }));
+    Close(second);
+    EXPECT_EQ(first.state(), QProcess::Running);
+    Close(first);
 }
 
 TEST_F(SheetwrightTest, SecondStartEndsAtOnceAndSilently) {

@@ -32,8 +32,11 @@ TEST(LineIcon, IsEmptyForANameThatHasNoDrawing) {
     EXPECT_TRUE(LineIcon(S("nothing"), Qt::black).isNull());
 }
 
-TEST(ProgramIcon, HasADrawing) {
-    EXPECT_FALSE(ProgramIcon().isNull());
+TEST(ProgramIcon, TellsTheViewerApart) {
+    const auto imageOf = [](bool isViewer) { return ProgramIcon(isViewer).pixmap(QSize(64, 64)).toImage(); };
+    ASSERT_FALSE(imageOf(false).isNull());
+    ASSERT_FALSE(imageOf(true).isNull());
+    EXPECT_NE(imageOf(false), imageOf(true));
 }
 
 }  // namespace

@@ -5,14 +5,15 @@
 #include "core/run_command.h"
 #include "core/start_up.h"
 #include "document/document.h"
-#include "document/document.h"
 #include "ui/desktop_start_up.h"
 #include "ui/desktop_user_interface.h"
 #include "ui/form_window.h"
 #include "ui/guarded_application.h"
 #include "ui/lazy_printers.h"
+#include "ui/line_icons.h"
 #include "ui/termination.h"
 
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -30,6 +31,12 @@ void SpeakTheSystemsLanguage(QApplication& desktop) {
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     if (words->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
         desktop.installTranslator(words);
+}
+
+// Desktops know the program's windows by the name of its menu entry.
+void ShowIdentity(const Application& application) {
+    QApplication::setWindowIcon(ProgramIcon(application.ViewerMode));
+    QApplication::setDesktopFileName(QFileInfo(QApplication::applicationFilePath()).fileName());
 }
 
 // Any exception as a failure.
@@ -54,6 +61,7 @@ int Run(GuardedApplication& desktop) {
     Application application(QStringLiteral(SHEETWRIGHT_TITLE), QCoreApplication::applicationDirPath(),
                             Settings(), ui);
     ui.UseLanguageOf(application);
+    ShowIdentity(application);
     DesktopStartUp actions(application, ui);
     LazyPrinters printers(application, [&actions] {
         mdiSheetwright* const frame = actions.Frame();
