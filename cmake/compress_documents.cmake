@@ -1,5 +1,4 @@
-# Run by CPack over the staged files: Debian wants the manual pages and the changelog compressed, without a date, so
-# that the same sources give the same package.
+# Run by CPack over the staged files: Debian wants a changelog of its own form, and it and the manual pages compressed.
 find_program(GZIP gzip REQUIRED)
 set(usr ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr)
 configure_file(${CPACK_SHEETWRIGHT_CHANGELOG} ${usr}/share/doc/sheetwright/changelog COPYONLY)

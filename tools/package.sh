@@ -7,3 +7,4 @@ cd "$(dirname "$0")/.."
 install_packages
 build release installed
 (cd build/release && cpack -G DEB -B .. | tail -1)
+rm -rf build/_CPack_Packages

@@ -6,6 +6,7 @@ PACKAGES=(
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation fonts-dejavu-core
     poppler-utils cups cups-client
+    appstream desktop-file-utils shared-mime-info
 )
 
 # Installs what is missing from Debian's packages, with sudo when not root.

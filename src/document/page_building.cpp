@@ -9,6 +9,7 @@
 #include "document/page_elements.h"
 #include "document/page_panel.h"
 #include "fields/dragging.h"
+#include "fields/editing_elements.h"
 #include "fields/editing_entry.h"
 #include "fields/navigation.h"
 #include "print/form_surfaces.h"
@@ -139,8 +140,7 @@ void DesignBuilder::Make(QStringView line) {
 // A form that is only looked at has no field that can be changed.
 void DesignBuilder::AddKey(QStringView line, const DesignLine& cut) {
     if (!line.contains(u'=')) throw Failure(failure::kSubscript);
-    const bool isLocked = m_document.application.ViewerMode || m_document.MyReadonly;
-    const bool isForced = isLocked && cut.key.compare(u"readonly", Qt::CaseInsensitive) == 0;
+    const bool isForced = IsLocked(m_document) && cut.key.compare(u"readonly", Qt::CaseInsensitive) == 0;
     m_bag->Add(isForced ? QStringLiteral("True") : cut.value.toString(), cut.key.toString());
 }
 

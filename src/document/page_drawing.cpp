@@ -10,6 +10,7 @@
 #include "print/form_surfaces.h"
 #include "print/primitives.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -20,6 +21,7 @@ namespace {
 // On screen only, so that people see where to type: the edge of a field that has no border on paper.
 constexpr Colour kTypeHereEdge = 0xE6DCD3;
 constexpr Colour kInstructionText = 0x707070;
+constexpr double kInstructionMargin = 45;  // twips
 
 constexpr std::int16_t kRightAligned = 1;
 
@@ -106,6 +108,11 @@ void DrawPicture(PictureSurface& surface, const PictureChild& child, const Exten
                          shown.width, shown.height, 0, 0, picture.width, picture.height);
 }
 
+Extent Inside(const Extent& place, double margin) {
+    return {place.left + margin, place.top + margin, std::max(0.0, place.width - 2 * margin),
+            std::max(0.0, place.height - 2 * margin)};
+}
+
 void DrawInstruction(frmSheetwright& document, PictureSurface& surface, const Extent& place) {
     const Application& application = document.application;
     DrawEdge(application.printing, surface, place);
@@ -113,7 +120,7 @@ void DrawInstruction(frmSheetwright& document, PictureSurface& surface, const Ex
         application.Translate(QStringLiteral("Press SPACE or Double-Click to select picture..."));
     const FontSpec font{QStringLiteral("Arial")};
     DrawTextInBox(application, surface, document.surfaces->picContainer, text, font, kInstructionText,
-                  BoxOf(place), LineBreaks::Wrapped);
+                  BoxOf(Inside(place, kInstructionMargin)), LineBreaks::Wrapped);
 }
 
 // The border that a picture field has on paper.

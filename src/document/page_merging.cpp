@@ -16,6 +16,9 @@
 #include <QSet>
 #include <QTemporaryDir>
 
+#include <utility>
+#include <vector>
+
 namespace sheetwright {
 
 namespace {
@@ -59,8 +62,9 @@ class PictureDelivery {
 
   private:
     void Look();
-    void Take(const QString& name);
+    void Plan(const QString& name);
     void CheckRoom() const;
+    void Take();
     [[nodiscard]] QString UnusedName(const QString& name) const;
 
     QDir m_from;
@@ -69,14 +73,16 @@ class PictureDelivery {
     QSet<QString> m_incomingNames;    // case-folded
     QHash<QString, QString> m_names;  // of the form's files, by their case-folded names
     NewNames m_renamed;
+    std::vector<std::pair<QString, QString>> m_plan;  // names as they came and as they will be
     QStringList m_delivered;
 };
 
 void PictureDelivery::Deliver() {
     Look();
     for (const QString& name : m_incoming)
-        Take(name);
+        Plan(name);
     CheckRoom();
+    Take();
 }
 
 // An archive tells names apart without regard to case, so the form does.
@@ -89,26 +95,33 @@ void PictureDelivery::Look() {
         m_incomingNames.insert(name.toCaseFolded());
 }
 
-void PictureDelivery::Take(const QString& name) {
+void PictureDelivery::Plan(const QString& name) {
     const auto own = m_names.constFind(name.toCaseFolded());
     const bool isTaken = own != m_names.constEnd();
     if (isTaken && HasSameContent(m_from.filePath(name), m_to.filePath(*own))) return;
     const QString target = isTaken ? UnusedName(name) : name;
-    if (!QFile::rename(m_from.filePath(name), m_to.filePath(target))) throw Failure(failure::kPathAccess);
-    m_delivered << target;
+    m_plan.emplace_back(name, target);
     m_names.insert(target.toCaseFolded(), target);
     if (isTaken) m_renamed.insert(name.toCaseFolded(), target);
 }
 
 // A form past these limits could be saved no more.
 void PictureDelivery::CheckRoom() const {
-    if (m_delivered.isEmpty()) return;
-    const QFileInfoList files = m_to.entryInfoList(kAllFiles);
-    if (files.size() > archive_limits::kMembers) throw Failure(failure::kTooManyFiles);
+    if (m_plan.empty()) return;
+    if (m_names.size() > archive_limits::kMembers) throw Failure(failure::kTooManyFiles);
     qint64 bytes = 0;
-    for (const QFileInfo& file : files)
+    for (const QFileInfo& file : m_to.entryInfoList(kAllFiles))
         bytes += file.size();
+    for (const auto& [name, target] : m_plan)
+        bytes += QFileInfo(m_from.filePath(name)).size();
     if (bytes > archive_limits::kTotalBytes) throw Failure(failure::kOverflow);
+}
+
+void PictureDelivery::Take() {
+    for (const auto& [name, target] : m_plan) {
+        if (!QFile::rename(m_from.filePath(name), m_to.filePath(target))) throw Failure(failure::kPathAccess);
+        m_delivered << target;
+    }
 }
 
 QString PictureDelivery::UnusedName(const QString& name) const {

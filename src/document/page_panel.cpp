@@ -2,6 +2,7 @@
 
 #include "core/application.h"
 #include "document/document.h"
+#include "document/pages.h"
 
 namespace sheetwright {
 
@@ -20,6 +21,12 @@ void ShowPagePanel(const frmSheetwright& document, const QString& title) {
 
 void ShowPageBox(const frmSheetwright& document) {
     document.application.mainWindow->SetPageBox(PageOfPages(document));
+}
+
+void ShowPageOnPanel(const frmSheetwright& document) {
+    const QString title = TitleOfPage(document, document.DataPageNum);
+    ShowPagePanel(document, title.isEmpty() ? PageWithoutTitle(document) : title);
+    ShowPageBox(document);
 }
 
 QString PageWithoutTitle(const frmSheetwright& document) {

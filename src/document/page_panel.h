@@ -13,6 +13,8 @@ class frmSheetwright;
 void ShowPagePanel(const frmSheetwright& document, const QString& title);
 // "2/5".
 void ShowPageBox(const frmSheetwright& document);
+// Both, for the page on screen with the title of its design.
+void ShowPageOnPanel(const frmSheetwright& document);
 // What stands for the title of a page that has none, such as "Page 1".
 [[nodiscard]] QString PageWithoutTitle(const frmSheetwright& document);
 

@@ -6,13 +6,6 @@
 
 namespace sheetwright {
 
-namespace {
-
-// No locale's long date comes near; reading a text as one takes time with its length.
-constexpr qsizetype kLongestText = 200;
-
-}  // namespace
-
 DateChild::DateChild(int tabIndex, const Conventions& conventions)
     : FieldChild(tabIndex), m_conventions(conventions), m_value(QDate::currentDate()) {}
 
@@ -29,9 +22,7 @@ QString DateChild::Text() const {
 }
 
 std::optional<QDate> DateChild::DateOf(const QString& text) const {
-    if (text.size() > kLongestText) return std::nullopt;
-    const QDate longDate = m_conventions.locale.toDate(text, QLocale::LongFormat);
-    return longDate.isValid() ? longDate : StrictDate(text, m_conventions);
+    return StrictDate(text, m_conventions);
 }
 
 }  // namespace sheetwright

@@ -43,7 +43,7 @@ void Drop(frmSheetwright& document, int source, int target, int mode) {
     const bool emptiesSource = mode == kMove && CanBeEntered(document, {ElementKind::Entry, source});
     SetUndo(document);
     const QString text = document.page->Entries.At(source).text;
-    const PropertyBag* const record = RecordOf(*document.page, element);
+    const std::shared_ptr<const PropertyBag> record = RecordOf(*document.page, element);
     const QString mask = record == nullptr ? QString() : FieldRecord(document.application, *record).Format();
     TakeText(document, element, text, mask);
     if (emptiesSource) PutText(document, source, {});

@@ -53,7 +53,7 @@ void ColourSelected(frmSheetwright& document, ElementRef element) {
 void RestoreColours(frmSheetwright& document, ElementRef element) {
     if (element.kind != ElementKind::Check) return;
     FieldElement* const check = FieldOf(*document.page, element);
-    const PropertyBag* const record = RecordOf(*document.page, element);
+    const std::shared_ptr<const PropertyBag> record = RecordOf(*document.page, element);
     if (check == nullptr || record == nullptr) return;
     check->control->SetBackColor(document.surfaces->picForm.BackColor);
     Ignoring([&] { check->control->SetForeColor(CheckRecord(document.application, *record).ForeColor()); });

@@ -8,9 +8,9 @@ namespace sheetwright {
 
 namespace {
 
-const PropertyBag* RecordAt(const ElementBags& records, int number) {
+std::shared_ptr<const PropertyBag> RecordAt(const ElementBags& records, int number) {
     const bool isThere = number >= 1 && static_cast<std::size_t>(number) <= records.size();
-    return isThere ? records[static_cast<std::size_t>(number) - 1].get() : nullptr;
+    return isThere ? records[static_cast<std::size_t>(number) - 1] : nullptr;
 }
 
 template <typename Element>
@@ -48,7 +48,7 @@ ElementRef ElementOf(const PropertyBag& record) {
     return {ElementKind::Entry, key->toInt()};
 }
 
-const PropertyBag* RecordOf(const Page& page, ElementRef element) {
+std::shared_ptr<const PropertyBag> RecordOf(const Page& page, ElementRef element) {
     switch (element.kind) {
         case ElementKind::Entry:
             return RecordAt(page.FieldProperties, element.number);
@@ -69,7 +69,7 @@ FieldElement* FieldOf(Page& page, ElementRef element) {
 }
 
 bool CanBeEntered(const frmSheetwright& document, ElementRef element) {
-    const PropertyBag* const record = RecordOf(*document.page, element);
+    const std::shared_ptr<const PropertyBag> record = RecordOf(*document.page, element);
     return record != nullptr && CanBeShown(*document.page, element) && !IsReadOnly(document, *record);
 }
 

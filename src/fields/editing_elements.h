@@ -5,6 +5,8 @@
 #include "document/design_records.h"
 #include "document/element_array.h"
 
+#include <memory>
+
 namespace sheetwright {
 
 class frmSheetwright;
@@ -18,7 +20,7 @@ struct Page;
 [[nodiscard]] ElementRef ElementOf(const PropertyBag& record);
 
 // None for an element that isn't there.
-[[nodiscard]] const PropertyBag* RecordOf(const Page& page, ElementRef element);
+[[nodiscard]] std::shared_ptr<const PropertyBag> RecordOf(const Page& page, ElementRef element);
 [[nodiscard]] FieldElement* FieldOf(Page& page, ElementRef element);
 
 // Whether the element is there, shows, and isn't read-only. A record's key that is absent or no Boolean says

@@ -105,7 +105,7 @@ void OpenEntry(frmSheetwright& document, int number) {
     Page& page = *document.page;
     usrEntry& entry = page.Entry;
     const TextElement& element = page.Entries.At(number);
-    const PropertyBag* const record = RecordOf(page, {ElementKind::Entry, number});
+    const std::shared_ptr<const PropertyBag> record = RecordOf(page, {ElementKind::Entry, number});
     if (record == nullptr) return;
     const FieldRecord field(document.application, *record);
 

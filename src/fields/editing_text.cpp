@@ -35,8 +35,7 @@ bool HoldsLetter(const QString& text) {
 
 // What the platform reads as a date, in its short form; "" when it reads none.
 QString AsPlatformReads(const QString& text, const Conventions& conventions) {
-    const QDate longDate = conventions.locale.toDate(text, QLocale::LongFormat);
-    const std::optional<QDate> date = longDate.isValid() ? longDate : StrictDate(text, conventions);
+    const std::optional<QDate> date = StrictDate(text, conventions);
     return date ? ShortDate(*date, conventions) : QString();
 }
 

@@ -28,7 +28,7 @@ struct TabStop {
 
 // Position of an element in `TabOrders`, from 1; 0 when it has none.
 int PositionOf(const Page& page, ElementRef element) {
-    const PropertyBag* const record = RecordOf(page, element);
+    const std::shared_ptr<const PropertyBag> record = RecordOf(page, element);
     const QString* const tabIndex = record == nullptr ? nullptr : record->Find(u"TabIdx");
     const Record* const placed = tabIndex == nullptr ? nullptr : page.TabOrders.Find(*tabIndex);
     if (placed == nullptr) return 0;

@@ -6,6 +6,7 @@
 #include "document/open_dialogs.h"
 #include "document/page_merging.h"
 #include "ui/event_boundary.h"
+#include "ui/pick_list.h"
 #include "ui/template_list.h"
 
 #include <QButtonGroup>
@@ -34,7 +35,7 @@ bool IsBesideAPage(Placement mode) {
 frmAddPage::frmAddPage(frmSheetwright& document, QWidget* parent)
     : QDialog(parent),
       m_document(document),
-      m_lstDesign(new QListWidget(this)),
+      m_lstDesign(new PickList(this)),
       m_lvNew(new TemplateList(document.application, this)),
       m_optPage(new QButtonGroup(this)) {
     setObjectName(QStringLiteral("frmAddPage"));
@@ -61,7 +62,7 @@ void frmAddPage::BuildDesigns(QGridLayout& lists) {
     m_lstDesign->setMinimumSize(kListWidth, kListHeight);
     lists.addWidget(label, 0, 0, Qt::AlignBottom);
     lists.addWidget(m_lstDesign, 1, 0, 2, 1);
-    connect(m_lstDesign, &QListWidget::itemDoubleClicked, this, &frmAddPage::cmdAdd_Click);
+    connect(m_lstDesign, &PickList::itemDoubleClicked, this, &frmAddPage::cmdAdd_Click);
 }
 
 void frmAddPage::BuildTemplates(QGridLayout& lists) {
@@ -153,6 +154,9 @@ void frmAddPage::optPage_Click(Placement mode) {
     m_cboPage->setEnabled(IsBesideAPage(mode));
     if (mode == Placement::AtStart) m_cboPage->setCurrentIndex(0);
     if (mode == Placement::AtEnd) m_cboPage->setCurrentIndex(m_cboPage->count() - 1);
+    // Tab goes to the option that is set, before one of them had the focus too.
+    for (QAbstractButton* const option : m_optPage->buttons())
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 Placement frmAddPage::Mode() const {
@@ -189,7 +193,9 @@ void frmAddPage::Run(const QString& name, const std::function<bool()>& step) {
     bool isDone = false;
     Guarded(m_document, name, [&] { isDone = step(); });
     if (isDone || m_document.Pages != before) return accept();
-    if (m_lstDesign->count() != m_document.memory.PageProps.Count()) UpdatePageList();
+    if (m_lstDesign->count() == m_document.memory.PageProps.Count()) return;
+    UpdatePageList();
+    m_lstDesign->setFocus();
 }
 
 void ShowAddPage(QWidget* parent, frmSheetwright& document) {

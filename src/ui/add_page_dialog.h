@@ -15,10 +15,10 @@ class QBoxLayout;
 class QButtonGroup;
 class QComboBox;
 class QGridLayout;
-class QListWidget;
 
 namespace sheetwright {
 
+class PickList;
 class TemplateList;
 class frmSheetwright;
 
@@ -51,7 +51,7 @@ class frmAddPage : public QDialog {
     void Run(const QString& name, const std::function<bool()>& step);
 
     frmSheetwright& m_document;
-    QListWidget* m_lstDesign;
+    PickList* m_lstDesign;
     TemplateList* m_lvNew;
     QButtonGroup* m_optPage;  // numbered as `Placement`
     QComboBox* m_cboPage = nullptr;

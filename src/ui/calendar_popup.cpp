@@ -59,8 +59,11 @@ void CalendarPopup::ColourWeekends() {
     const bool isDark = palette().color(QPalette::Base).lightness() < kDark;
     QTextCharFormat weekend;
     weekend.setForeground(isDark ? QColor(255, 140, 130) : QColor(192, 0, 0));
-    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
-        m_calendar->setWeekdayTextFormat(day, weekend);
+    const QList<Qt::DayOfWeek> working = m_calendar->locale().weekdays();
+    for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
+        const auto name = static_cast<Qt::DayOfWeek>(day);
+        m_calendar->setWeekdayTextFormat(name, working.contains(name) ? QTextCharFormat() : weekend);
+    }
 }
 
 void CalendarPopup::OpenAt(const QRect& field, QDate date) {

@@ -1,19 +1,57 @@
 #include "ui/desktop_start_up.h"
 
 #include "core/application.h"
+#include "core/paths.h"
 #include "ui/desktop_user_interface.h"
+#include "ui/splash_window.h"
 
-#include <QApplication>
+#include <QFileInfo>
 
 namespace sheetwright {
+
+namespace {
+
+// Of a file in the current folder, which is another one at the next start.
+QString WholePath(const QString& path) {
+    const QFileInfo file(OnDisk(path));
+    return file.isRelative() && file.exists() ? file.absoluteFilePath() : path;
+}
+
+}  // namespace
 
 DesktopStartUp::DesktopStartUp(Application& application, DesktopUserInterface& ui)
     : m_application(application), m_ui(ui), m_program(application.Title) {}
 
+DesktopStartUp::~DesktopStartUp() = default;
+
+SplashWindow& DesktopStartUp::Splash() {
+    if (!m_splash) m_splash = std::make_unique<SplashWindow>(m_application);
+    return *m_splash;
+}
+
+void DesktopStartUp::SetSplashProductLine(const QString& text) {
+    Splash().SetProductLine(text);
+}
+
+void DesktopStartUp::ShowSplash() {
+    Splash().show();
+}
+
+void DesktopStartUp::CloseSplash() {
+    m_splash.reset();
+}
+
 void DesktopStartUp::LoadMainWindow() {
     m_frame = std::make_unique<mdiSheetwright>(m_application);
-    m_frame->setWindowIcon(QApplication::windowIcon());
     m_ui.UseStatusPanel(m_frame->Status());
+}
+
+void DesktopStartUp::SetDialogFileName(const QString& path) {
+    m_frame->DialogFileName = WholePath(path);
+}
+
+void DesktopStartUp::OpenTemplate(const QString& path) {
+    m_frame->OpenTemplate(WholePath(path));
 }
 
 }  // namespace sheetwright

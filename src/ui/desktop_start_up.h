@@ -11,35 +11,41 @@
 namespace sheetwright {
 
 class DesktopUserInterface;
+class SplashWindow;
 
 class DesktopStartUp : public StartUpActions {
   public:
     // The program is claimed under the title that it was built with.
     DesktopStartUp(Application& application, DesktopUserInterface& ui);
+    ~DesktopStartUp() override;
 
     // None before `LoadMainWindow`.
     [[nodiscard]] mdiSheetwright* Frame() { return m_frame.get(); }
 
     bool ClaimInstance() override { return m_claim.Take(m_program); }
-    void SetSplashProductLine(const QString&) override {}  // the start takes no time to fill
-    void ShowSplash() override {}
-    void CloseSplash() override {}
+    void SetSplashProductLine(const QString& text) override;
+    void ShowSplash() override;
+    void CloseSplash() override;
     void LoadMainWindow() override;
     void ShowMainWindow() override { m_frame->show(); }
     void SetMainWindowCaption(const QString& caption) override { m_frame->setWindowTitle(caption); }
     void ShowTipOfTheDay() override {}
     void ShowWelcome() override {}
     QString DialogFileName() override { return m_frame->DialogFileName; }
-    void SetDialogFileName(const QString& path) override { m_frame->DialogFileName = path; }
-    void OpenTemplate(const QString& path) override { m_frame->OpenTemplate(path); }
+    void SetDialogFileName(const QString& path) override;
+    void OpenTemplate(const QString& path) override;
     void OpenForm() override { m_frame->OpenFromDialogSlot(); }
     void SetPollInterval(int) override {}  // there is no channel to poll
 
   private:
+    // Made when it is asked for first.
+    [[nodiscard]] SplashWindow& Splash();
+
     Application& m_application;
     DesktopUserInterface& m_ui;
     QString m_program;
     InstanceClaim m_claim;
+    std::unique_ptr<SplashWindow> m_splash;
     std::unique_ptr<mdiSheetwright> m_frame;
 };
 

@@ -19,21 +19,10 @@ namespace {
 
 constexpr int kChecked = 1;
 
-const ElementBags& BagsOf(const Page& page, ElementKind kind) {
-    if (kind == ElementKind::Check) return page.CheckProperties;
-    return kind == ElementKind::Bitmap ? page.BitmapProperties : page.FieldProperties;
-}
-
-std::weak_ptr<const PropertyBag> RecordAt(const Page& page, ElementRef element) {
-    const ElementBags& bags = BagsOf(page, element.kind);
-    const auto number = static_cast<std::size_t>(std::max(0, element.number));
-    return number >= 1 && number <= bags.size() ? bags[number - 1] : nullptr;
-}
-
 }  // namespace
 
 ElementAccessibility::ElementAccessibility(PageView& view, ElementRef element)
-    : m_view(&view), m_element(element), m_record(RecordAt(*view.Document().page, element)) {}
+    : m_view(&view), m_element(element), m_record(RecordOf(*view.Document().page, element)) {}
 
 // None as soon as the view begins to go.
 PageView* ElementAccessibility::View() const {
@@ -48,7 +37,7 @@ bool ElementAccessibility::isValid() const {
     const std::shared_ptr<const PropertyBag> record = m_record.lock();
     if (!record || !View()) return false;
     const Page& page = *Document().page;
-    return IsOnPage(page, m_element) && RecordAt(page, m_element).lock() == record;
+    return IsOnPage(page, m_element) && RecordOf(page, m_element) == record;
 }
 
 QWindow* ElementAccessibility::window() const {
@@ -169,7 +158,9 @@ void ElementAccessibility::doAction(const QString& name) {
     Act([&] { name == setFocusAction() ? Focus() : Work(); });
 }
 
+// A screen reader's request comes at any time, also while the page is being built.
 void ElementAccessibility::Act(const std::function<void()>& step) {
+    if (!Document().application.mainWindow->IsEnabled()) return;
     Guarded(Document(), QStringLiteral("Accessibility"), step);
 }
 
@@ -233,8 +224,8 @@ QVariant ElementAccessibility::maximumValue() const {
 // As a person would: from state to state.
 void ElementAccessibility::setCurrentValue(const QVariant& value) {
     const int state = value.toInt();
-    if (state < 0 || state > maximumValue().toInt() || IsReadOnly()) return;
-    for (int clicks = maximumValue().toInt(); clicks > 0 && CheckState() != state; --clicks)
+    if (!isValid() || IsReadOnly() || state < 0 || state > maximumValue().toInt()) return;
+    for (int clicks = maximumValue().toInt(); clicks > 0 && isValid() && CheckState() != state; --clicks)
         Act([this] { Work(); });
 }
 

@@ -68,7 +68,15 @@ void ElementRecordings::ForgetAll() {
 }
 
 void ElementRecordings::Forget(ElementRef element) {
-    if (!m_isAllStale && (m_stale.empty() || m_stale.back() != element)) m_stale.push_back(element);
+    if (m_isAllStale) return;
+    Drawn* const drawn = Find(element);
+    if (drawn != nullptr && !std::exchange(drawn->isStale, true)) m_stale.push_back(element);
+}
+
+ElementRecordings::Drawn* ElementRecordings::Find(ElementRef element) {
+    std::vector<Drawn>& drawn = m_drawn[Index(element.kind)];
+    const bool isThere = element.number >= 1 && static_cast<std::size_t>(element.number) <= drawn.size();
+    return isThere ? &drawn[static_cast<std::size_t>(element.number) - 1] : nullptr;
 }
 
 ElementRecordings::Drawn ElementRecordings::Record(ElementRef element, PictureSurface& surface) const {
@@ -95,9 +103,7 @@ std::vector<QRectF> ElementRecordings::Refresh() {
     }
     std::vector<QRectF> changed;
     for (const ElementRef& element : std::exchange(m_stale, {})) {
-        std::vector<Drawn>& drawn = m_drawn[Index(element.kind)];
-        if (element.number < 1 || static_cast<std::size_t>(element.number) > drawn.size()) continue;
-        Drawn& old = drawn[static_cast<std::size_t>(element.number) - 1];
+        Drawn& old = *Find(element);
         Drawn recorded = Record(element, surface);
         changed.push_back(old.reach | recorded.reach);
         old = std::move(recorded);
@@ -105,10 +111,9 @@ std::vector<QRectF> ElementRecordings::Refresh() {
     return changed;
 }
 
-QRectF ElementRecordings::Reach(ElementRef element) const {
-    const std::vector<Drawn>& drawn = m_drawn[Index(element.kind)];
-    if (element.number < 1 || static_cast<std::size_t>(element.number) > drawn.size()) return {};
-    return drawn[static_cast<std::size_t>(element.number) - 1].reach;
+QRectF ElementRecordings::Reach(ElementRef element) {
+    const Drawn* const drawn = Find(element);
+    return drawn == nullptr ? QRectF() : drawn->reach;
 }
 
 }  // namespace sheetwright

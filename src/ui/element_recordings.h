@@ -26,6 +26,7 @@ class ElementRecordings {
     struct Drawn {
         std::shared_ptr<const Recording> recording;  // none where there is nothing to draw
         QRectF reach;                                // twips: it may stand out of the element's place
+        bool isStale = false;                        // the element is to be recorded again
     };
 
     explicit ElementRecordings(frmSheetwright& document) : m_document(document) {}
@@ -40,16 +41,18 @@ class ElementRecordings {
 
     // As recorded last.
     [[nodiscard]] const std::vector<Drawn>& Of(ElementKind kind) const { return m_drawn[Index(kind)]; }
-    [[nodiscard]] QRectF Reach(ElementRef element) const;
+    [[nodiscard]] QRectF Reach(ElementRef element);
 
   private:
     [[nodiscard]] static std::size_t Index(ElementKind kind) { return static_cast<std::size_t>(kind); }
+    // None for an element that wasn't there when all were recorded.
+    [[nodiscard]] Drawn* Find(ElementRef element);
     void RecordAll(PictureSurface& surface);
     [[nodiscard]] Drawn Record(ElementRef element, PictureSurface& surface) const;
 
     frmSheetwright& m_document;
     std::array<std::vector<Drawn>, 4> m_drawn;
-    std::vector<ElementRef> m_stale;
+    std::vector<ElementRef> m_stale;  // each once
     bool m_isAllStale = true;
 };
 

@@ -23,7 +23,9 @@ namespace sheetwright {
 
 namespace {
 
-constexpr int kFrameWidth = 2;  // pixels
+constexpr int kFrameWidth = 2;     // pixels
+constexpr int kNarrowest = 12;     // pixels
+constexpr int kWidestBeside = 14;  // pixels of an arrow that covers another field
 
 // The visible focus around the field.
 class EditorFrame : public QWidget {
@@ -216,7 +218,7 @@ void EntryEditor::Impl::Arrange() {
     QRect inside = m_place.toRect();
     EditorLook look = LookOfEntry(m_document, *m_parent, m_pixelsPerTwip);
     const int narrowest = qRound(m_current->NarrowestTwips() * m_pixelsPerTwip);
-    inside.setWidth(std::max(inside.width(), narrowest) + look.overhang);
+    inside.setWidth(std::max({inside.width(), narrowest, kNarrowest}) + look.overhang);
     inside.setHeight(std::max(inside.height(), look.height));
     if (m_current->HasArrow()) inside = WithArrow(inside, look);
     m_frame->setGeometry(inside.adjusted(-kFrameWidth, -kFrameWidth, kFrameWidth, kFrameWidth));
@@ -230,9 +232,11 @@ void EntryEditor::Impl::Arrange() {
 // beside it.
 QRect EntryEditor::Impl::WithArrow(QRect field, EditorLook& look) const {
     look.arrow = ArrowWidth(field.size());
-    const bool isBeside =
-        look.alignment != Qt::AlignLeft && field.right() + look.arrow + kFrameWidth < m_parent->width();
-    return isBeside ? field.adjusted(0, 0, look.arrow, 0) : field;
+    const int beside = std::min(look.arrow, kWidestBeside);
+    const bool hasRoom = field.right() + beside + kFrameWidth < m_parent->width();
+    if (look.alignment == Qt::AlignLeft || !hasRoom) return field;
+    look.arrow = beside;
+    return field.adjusted(0, 0, beside, 0);
 }
 
 void EntryEditor::Impl::Move(const QRectF& place, double pixelsPerTwip) {

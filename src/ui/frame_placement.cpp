@@ -1,74 +1,78 @@
 #include "ui/frame_placement.h"
 
 #include "core/application.h"
+#include "core/window_place.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
-
-#include <algorithm>
 
 namespace sheetwright {
 
 namespace {
 
 constexpr double kTwipsPerPixel = 15;
-constexpr double kPartOfScreen = 0.9;
-constexpr int kSmallestSide = 300;
 
 QString Section() {
     return QStringLiteral("mdiSheetwright");
 }
 
-// In pixels; `fallback` for what was never stored or is no number.
-int Stored(const Application& application, const QString& key, int fallback) {
-    bool isNumber = false;
-    const double twips = application.settings.Read(application.Title, Section(), key).toDouble(&isNumber);
-    constexpr double kFarthest = 1e6;
-    return isNumber && std::abs(twips) < kFarthest ? qRound(twips / kTwipsPerPixel) : fallback;
+QString MaximisedKey() {
+    return QStringLiteral("MainMaximised");
 }
 
-void Store(Application& application, const QString& key, int pixels) {
-    application.settings.Write(application.Title, Section(), key, QString::number(pixels * kTwipsPerPixel));
+WindowPlace InTwips(const QRect& place) {
+    return {place.x() * kTwipsPerPixel, place.y() * kTwipsPerPixel, place.width() * kTwipsPerPixel,
+            place.height() * kTwipsPerPixel};
+}
+
+int Pixels(double twips) {
+    return qRound(twips / kTwipsPerPixel);
+}
+
+// The main one first.
+std::vector<WindowPlace> Screens() {
+    const QScreen* const main = QGuiApplication::primaryScreen();
+    std::vector<WindowPlace> screens;
+    if (main != nullptr) screens.push_back(InTwips(main->availableGeometry()));
+    for (const QScreen* const screen : QGuiApplication::screens())
+        if (screen != main) screens.push_back(InTwips(screen->availableGeometry()));
+    return screens;
+}
+
+QString BooleanText(bool is) {
+    return is ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+bool StoredBoolean(const Application& application, const QString& key) {
+    return application.Str2Boolean(application.settings.Read(application.Title, Section(), key));
 }
 
 }  // namespace
 
 void RestorePlacement(QWidget& frame, const Application& application) {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    const QRect room = screen == nullptr ? QRect(0, 0, 1024, 768) : screen->availableGeometry();
-    const auto side = [&](const QString& key, int most) {
-        const int wanted = Stored(application, key, qRound(most * kPartOfScreen));
-        return std::clamp(wanted, std::min(kSmallestSide, most), most);
-    };
-    const QSize size(side(QStringLiteral("MainWidth"), room.width()),
-                     side(QStringLiteral("MainHeight"), room.height()));
-    const int left = Stored(application, QStringLiteral("MainLeft"), room.left());
-    const int top = Stored(application, QStringLiteral("MainTop"), room.top());
-    frame.resize(size);
-    frame.move(std::clamp(left, room.left(), room.left() + room.width() - size.width()),
-               std::clamp(top, room.top(), room.top() + room.height() - size.height()));
+    const WindowPlace place = StoredWindowPlace(application, Screens());
+    frame.resize(Pixels(place.width), Pixels(place.height));
+    frame.move(Pixels(place.left), Pixels(place.top));
+    if (StoredBoolean(application, MaximisedKey())) frame.setWindowState(Qt::WindowMaximized);
 }
 
 void StorePlacement(const QWidget& frame, Application& application) {
-    if (frame.isMinimized()) return;
     const bool isPlain = !frame.isMaximized() && !frame.isFullScreen();
     const QPoint corner = isPlain ? frame.pos() : frame.normalGeometry().topLeft();
     const QSize size = isPlain ? frame.size() : frame.normalGeometry().size();
-    Store(application, QStringLiteral("MainLeft"), corner.x());
-    Store(application, QStringLiteral("MainTop"), corner.y());
-    Store(application, QStringLiteral("MainWidth"), size.width());
-    Store(application, QStringLiteral("MainHeight"), size.height());
+    StoreWindowPlace(application, InTwips(QRect(corner, size)), frame.isMinimized());
+    if (!frame.isMinimized())
+        application.settings.Write(application.Title, Section(), MaximisedKey(),
+                                   BooleanText(frame.isMaximized()));
 }
 
-bool StoredBlankTick(const Application& application) {
-    return application.Str2Boolean(
-        application.settings.Read(application.Title, Section(), QStringLiteral("BlankSelected")));
+bool StoredTick(const Application& application, const FrameOption& option) {
+    return StoredBoolean(application, option.key);
 }
 
-void StoreBlankTick(Application& application, bool isTicked) {
-    application.settings.Write(application.Title, Section(), QStringLiteral("BlankSelected"),
-                               isTicked ? QStringLiteral("True") : QStringLiteral("False"));
+void StoreTick(Application& application, const FrameOption& option, bool isTicked) {
+    application.settings.Write(application.Title, Section(), option.key, BooleanText(isTicked));
 }
 
 }  // namespace sheetwright

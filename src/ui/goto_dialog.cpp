@@ -5,9 +5,9 @@
 #include "document/page_moves.h"
 #include "document/pages.h"
 #include "ui/event_boundary.h"
+#include "ui/pick_list.h"
 
 #include <QDialogButtonBox>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -20,17 +20,16 @@ constexpr QSize kSmallestList(320, 240);
 }  // namespace
 
 frmGoto::frmGoto(frmSheetwright& document, QWidget* parent)
-    : QDialog(parent), m_document(document), m_lstPages(new QListWidget(this)) {
+    : QDialog(parent), m_document(document), m_lstPages(new PickList(this)) {
     setObjectName(QStringLiteral("frmGoto"));
     setWindowTitle(document.application.Translate(QStringLiteral("Goto Page")));
     m_lstPages->setObjectName(QStringLiteral("lstPages"));
     m_lstPages->setAccessibleName(windowTitle());
-    m_lstPages->setUniformItemSizes(true);
     m_lstPages->setMinimumSize(kSmallestList);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_lstPages);
     column->addWidget(MakeButtons());
-    connect(m_lstPages, &QListWidget::itemDoubleClicked, this, &frmGoto::cmdGoto_Click);
+    connect(m_lstPages, &PickList::itemDoubleClicked, this, &frmGoto::cmdGoto_Click);
     RefreshPageList();
 }
 

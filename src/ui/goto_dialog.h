@@ -4,10 +4,9 @@
 
 #include <QDialog>
 
-class QListWidget;
-
 namespace sheetwright {
 
+class PickList;
 class frmSheetwright;
 
 class frmGoto : public QDialog {
@@ -24,7 +23,7 @@ class frmGoto : public QDialog {
     void cmdGoto_Click();
 
     frmSheetwright& m_document;
-    QListWidget* m_lstPages;
+    PickList* m_lstPages;
 };
 
 // Shows the dialog, modally.

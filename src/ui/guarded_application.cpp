@@ -15,4 +15,15 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
     }
 }
 
+bool GuardedApplication::IsEnding() {
+    const auto* const program = dynamic_cast<const GuardedApplication*>(QCoreApplication::instance());
+    return (program != nullptr && program->m_isEnding) || qApp->isSavingSession();
+}
+
+bool GuardedApplication::event(QEvent* event) {
+    if (event->type() != QEvent::Quit) return QApplication::event(event);
+    const QScopedValueRollback<bool> ending(m_isEnding, true);
+    return QApplication::event(event);
+}
+
 }  // namespace sheetwright

@@ -17,7 +17,15 @@ class GuardedApplication : public QApplication {
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+    // Whether the whole program is asked to end, as at the end of a session: windows close then because of
+    // that, not because of their close boxes.
+    [[nodiscard]] static bool IsEnding();
+
+  protected:
+    bool event(QEvent* event) override;
+
   private:
+    bool m_isEnding = false;
     bool m_isTelling = false;  // what fails meanwhile, such as painting the same page again, is not told
 };
 

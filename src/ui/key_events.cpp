@@ -100,13 +100,17 @@ std::int16_t KeyCodeOf(const QKeyEvent& event) {
     return found == std::end(kKeys) ? std::int16_t{0} : found->code;
 }
 
-std::int16_t ShiftOf(const QKeyEvent& event) {
-    const Qt::KeyboardModifiers modifiers = event.modifiers();
-    int shift = event.key() == Qt::Key_Backtab ? key::kShiftMask : 0;
+std::int16_t ShiftOf(Qt::KeyboardModifiers modifiers) {
+    int shift = 0;
     if (modifiers.testFlag(Qt::ShiftModifier)) shift |= key::kShiftMask;
     if (modifiers.testFlag(Qt::ControlModifier)) shift |= key::kCtrlMask;
     if (modifiers.testFlag(Qt::AltModifier)) shift |= key::kAltMask;
     return static_cast<std::int16_t>(shift);
+}
+
+std::int16_t ShiftOf(const QKeyEvent& event) {
+    const bool isBacktab = event.key() == Qt::Key_Backtab;
+    return ShiftOf(event.modifiers() | (isBacktab ? Qt::ShiftModifier : Qt::NoModifier));
 }
 
 std::int16_t KeyAsciiOf(const QKeyEvent& event) {

@@ -4,6 +4,8 @@
 
 #include "document/element_array.h"
 
+#include <Qt>
+
 #include <cstdint>
 
 class QKeyEvent;
@@ -14,7 +16,8 @@ class frmSheetwright;
 
 // The code of a key, whatever character it makes; 0 for one without a code.
 [[nodiscard]] std::int16_t KeyCodeOf(const QKeyEvent& event);
-// The bits `key::kShiftMask` and its siblings.
+// The bits `key::kShiftMask` and its siblings; a key may stand for one itself.
+[[nodiscard]] std::int16_t ShiftOf(Qt::KeyboardModifiers modifiers);
 [[nodiscard]] std::int16_t ShiftOf(const QKeyEvent& event);
 // The code of the character that a key makes; 0 for none, 63 for one that has no code in 16 bits. Keys with
 // Ctrl make none: they are commands.

@@ -68,6 +68,7 @@ ListBox::ListBox(QWidget* parent)
     // A text that is typed chooses no item, not even when the field is left.
     disconnect(m_line, &QLineEdit::editingFinished, this, nullptr);
     disconnect(m_line, &QLineEdit::returnPressed, this, nullptr);
+    m_line->installEventFilter(this);
 }
 
 void ListBox::Dress(const EditorLook& look) {
@@ -96,16 +97,16 @@ void ListBox::resizeEvent(QResizeEvent* event) {
     PlaceLine();
 }
 
-void ListBox::showEvent(QShowEvent* event) {
-    QComboBox::showEvent(event);
-    PlaceLine();
+// The box puts its line elsewhere whenever an item is chosen.
+bool ListBox::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_line && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) PlaceLine();
+    return QComboBox::eventFilter(watched, event);
 }
 
 // The box hands its own colours and style to its line.
 void ListBox::changeEvent(QEvent* event) {
     QComboBox::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) m_line->Dress(m_look);
-    PlaceLine();
 }
 
 void ListBox::wheelEvent(QWheelEvent* event) {

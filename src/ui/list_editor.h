@@ -22,10 +22,10 @@ class ListBox : public QComboBox {
     void SetItems(const QStringList& items);
 
     void showPopup() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;  // turns the page, not the list
 

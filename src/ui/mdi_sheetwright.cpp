@@ -1,73 +1,66 @@
 #include "ui/mdi_sheetwright.h"
 
 #include "core/application.h"
-#include "core/pause.h"
 #include "core/run_command.h"
+#include "document/closing.h"
 #include "document/document.h"
-#include "document/page_view_layout.h"
-#include "fields/editing.h"
 #include "ui/add_page_dialog.h"
+#include "ui/file_drop.h"
+#include "ui/form_area.h"
 #include "ui/form_window.h"
+#include "ui/frame_commands.h"
+#include "ui/frame_menus.h"
 #include "ui/frame_placement.h"
+#include "ui/frame_status_bar.h"
+#include "ui/frame_tool_bar.h"
 #include "ui/input_gate.h"
 #include "ui/line_icons.h"
 #include "ui/page_buttons.h"
 #include "ui/page_view.h"
-#include "ui/save_rules.h"
-#include "ui/tiling.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
-#include <QCloseEvent>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScopedValueRollback>
-#include <QToolButton>
-
-#include <algorithm>
 
 namespace sheetwright {
 
 namespace {
 
-constexpr QSize kSmallestForm(240, 160);
-
-FormWindow& FormOf(const QMdiSubWindow& window) {
-    return *static_cast<FormWindow*>(window.widget());
-}
-
-QMdiSubWindow& FrameOf(FormWindow& form) {
-    return *static_cast<QMdiSubWindow*>(form.parentWidget());
-}
-
-QString TitleOfPage(const frmSheetwright& document) {
-    const int design = document.memory.WhichDesign(document.DataPageNum);
-    const KeyedCollection<QString>& titles = document.memory.PageProps;
-    return design >= 1 && design <= titles.Count() ? titles.At(design) : QString();
+// The mark of a changed form stands behind its name; what looks like the mark in a name is none.
+QString MarkedCaption(QString caption) {
+    const QString mark = QStringLiteral("[*]");
+    return caption.replace(mark, mark + mark) + mark;
 }
 
 }  // namespace
 
 mdiSheetwright::mdiSheetwright(Application& application)
-    : m_application(application), m_area(new QMdiArea(this)), m_gate(new InputGate(*this)) {
+    : m_application(application),
+      m_area(new FormArea(this)),
+      m_gate(new InputGate(*this)),
+      m_commands(std::make_unique<FrameCommands>(application, *this)),
+      m_menus(new FrameMenus(
+          application, *menuBar(),
+          [this](const QString& name, const FrameCommand& command) { RunCommand(name, command); })),
+      m_toolBar(new FrameToolBar(
+          application, *m_menus,
+          [this](const QString& name, const FrameCommand& command) { RunCommand(name, command); }, this)),
+      m_status(new FrameStatusBar(application, this)) {
     setObjectName(QStringLiteral("mdiSheetwright"));
-    setWindowTitle(application.ViewerMode
-                       ? application.Translate(QStringLiteral("Tolvane Ketterlin Professional Viewer"))
-                       : application.Title);
+    setWindowTitle(application.Title);
     setWindowIcon(ProgramIcon());
     setCentralWidget(m_area);
-    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    BuildMenus();
     BuildToolBar();
     BuildStatusBar();
-    DrawIcons();
+    ConnectArea();
     if (application.ViewerMode) RemoveFunctionality();
-    RestorePlacement(*this, application);
-    m_actions.blank->setChecked(StoredBlankTick(application));
-    connect(m_area, &QMdiArea::subWindowActivated, this, &mdiSheetwright::Activate);
+    LoadSettings();
+    new FileDrop(*this, [this](const QStringList& paths) {
+        Run(QStringLiteral("DragDrop"), [&] { m_commands->OpenFiles(paths); });
+    });
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &mdiSheetwright::Refresh);
     application.mainWindow = this;
@@ -76,122 +69,84 @@ mdiSheetwright::mdiSheetwright(Application& application)
 
 mdiSheetwright::~mdiSheetwright() {
     m_application.mainWindow = &m_application.noMainWindow;
-    m_area->disconnect(this);
     delete m_area;  // and the forms, while what they call is there
 }
 
+void mdiSheetwright::BuildToolBar() {
+    addToolBar(m_toolBar);
+    PageButtons& pages = m_toolBar->Pages();
+    const auto connectTo = [this](std::function<void()>& button, const char* name,
+                                  void (FrameCommands::*command)()) {
+        button = [this, name = QString::fromLatin1(name), command] { RunCommand(name, command); };
+    };
+    connectTo(pages.First, "cmd_firstpage", &FrameCommands::cmd_firstpage_Click);
+    connectTo(pages.Previous, "cmd_prevpage", &FrameCommands::cmd_prevpage_Click);
+    connectTo(pages.Next, "cmd_nextpage", &FrameCommands::cmd_nextpage_Click);
+    connectTo(pages.Last, "cmd_lastpage", &FrameCommands::cmd_lastpage_Click);
+}
+
+void mdiSheetwright::BuildStatusBar() {
+    setStatusBar(m_status);
+    m_status->PageClicked = [this] { PopUpEditMenu(); };
+    m_status->DoubleClicked = [this] {
+        RunCommand(QStringLiteral("sbStatusBar"), &FrameCommands::TellFreeResources);
+    };
+    m_status->ZoomChosen = [this](double zoom) {
+        Run(QStringLiteral("Zoom"), [&] { m_commands->SetZoom(zoom); });
+    };
+    m_status->FitWidthChosen = [this] {
+        RunCommand(QStringLiteral("Zoom"), &FrameCommands::mnuViewFitWidth_Click);
+    };
+}
+
+void mdiSheetwright::ConnectArea() {
+    m_area->setWindowIcon(windowIcon());
+    m_area->Activated = [this](FormWindow& form) { Activated(form); };
+    m_area->Changed = [this] { Refresh(); };
+    m_area->Closed = [this] { TellFormClosed(m_application, Timer); };
+    m_menus->ListForms(*m_area);
+}
+
+// A viewer changes nothing.
+void mdiSheetwright::RemoveFunctionality() {
+    for (const QStringView name : MenusNotInViewer())
+        m_menus->Hide(name);
+    for (const QStringView key : ButtonsNotInViewer())
+        m_toolBar->Hide(key);
+    setWindowTitle(m_application.Translate(QStringLiteral("Tolvane Ketterlin Professional Viewer")));
+}
+
+void mdiSheetwright::LoadSettings() {
+    RestorePlacement(*this, m_application);
+    for (const FrameOption& option : kFrameOptions)
+        m_menus->SetTicked(option.entry, StoredTick(m_application, option));
+}
+
+void mdiSheetwright::StoreSettings() {
+    StorePlacement(*this, m_application);
+    m_commands->StoreRecent();
+    for (const FrameOption& option : kFrameOptions)
+        StoreTick(m_application, option, m_menus->IsTicked(option.entry));
+}
+
+StatusPanel& mdiSheetwright::Status() const {
+    return m_status->Status();
+}
+
 FormWindow* mdiSheetwright::Active() const {
-    const std::vector<FormWindow*> forms = Forms();
-    if (std::ranges::find(forms, m_active.data()) != forms.end()) return m_active;
-    return forms.empty() ? nullptr : forms.back();
+    return m_area->Active();
 }
 
 std::vector<FormWindow*> mdiSheetwright::Forms() const {
-    std::vector<FormWindow*> forms;
-    for (const QMdiSubWindow* const window : m_area->subWindowList())
-        if (window->widget() != nullptr) forms.push_back(&FormOf(*window));
-    return forms;
+    return m_area->Forms();
 }
 
-// The first form fills the frame, the others come as the one in front is.
-frmSheetwright& mdiSheetwright::MakeDocument() {
-    FormWindow* const front = Active();
-    const bool isWhole = front == nullptr || FrameOf(*front).isMaximized();
-    m_actions.blank->setChecked(false);
-    auto made = std::make_unique<FormWindow>(m_application);
-    FormWindow& form = *made;
-    form.MayClose = [this](FormWindow& closing) { return MayClose(closing); };
-    form.View().ZoomChanged = [this] { RefreshZoom(); };
-    QMdiSubWindow* const window = m_area->addSubWindow(made.release());
-    window->setWindowIcon(windowIcon());
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    connect(window, &QObject::destroyed, this, &mdiSheetwright::Refresh);
-    Activate(window);
-    window->setMinimumSize(kSmallestForm);
-    window->resize(RoomForOne(*m_area));
-    if (isWhole) {
-        window->showMaximized();
-    } else {
-        window->show();
-    }
-    return form.Document();
+void mdiSheetwright::OpenTemplate(const QString& path) {
+    Run(QStringLiteral("OpenaftFile"), [&] { m_commands->OpenTemplate(path); });
 }
 
-void mdiSheetwright::UnloadDocument(frmSheetwright& document) {
-    for (FormWindow* const form : Forms())
-        if (&form->Document() == &document) delete &FrameOf(*form);
-    if (FormWindow* const next = Active()) ShowPageOf(next->Document());
-    Refresh();
-}
-
-// Also told when the last form is gone, and when another program comes to the front: then nothing changes.
-void mdiSheetwright::Activate(QMdiSubWindow* window) {
-    if (window == nullptr || window->widget() == nullptr) return Refresh();
-    FormWindow& form = FormOf(*window);
-    m_active = &form;
-    frmSheetwright& document = form.Document();
-    m_application.CurrentTempDir = document.MyTempDir;
-    if (document.Pages < 1) {
-        ClearPagePanel();
-    } else {
-        RunCommand(m_application, QStringLiteral("Form_Activate"), [&] { ShowPageOf(document); });
-    }
-    Refresh();
-}
-
-void mdiSheetwright::ShowPageOf(frmSheetwright& document) {
-    const QString place = QStringLiteral("%1/%2").arg(document.DataPageNum).arg(document.Pages);
-    m_application.CurrentTempDir = document.MyTempDir;
-    SetPagePanel(place + QStringLiteral(" - ") + TitleOfPage(document) + u' ');
-    SetPageBox(place);
-    RefreshPageControl(document);
-}
-
-void mdiSheetwright::ClearPagePanel() {
-    SetPagePanel(QString());
-    SetPageBox(QString());
-}
-
-bool mdiSheetwright::MayClose(FormWindow& form) {
-    frmSheetwright& document = form.Document();
-    m_application.CurrentTempDir = document.MyTempDir;
-    RunCommand(m_application, QStringLiteral("Form_Unload"), [&] { Unselect(document); });
-    if (!SaveBeforeClosing(document)) return false;
-    if (!m_application.ReportMode) return true;
-    m_application.ui.TellHost(QStringLiteral("EVENT: FORMCLOSE"));
-    Pause(1, m_application.ui);
-    return true;
-}
-
-// A form that could not be saved stays open.
-bool mdiSheetwright::SaveBeforeClosing(frmSheetwright& document) {
-    if (!document.Changed || !(CanSave(document) || CanSaveAs(document))) return true;
-    for (FormWindow* const form : Forms())
-        if (&form->Document() == &document) m_area->setActiveSubWindow(&FrameOf(*form));
-    const MessageAnswer answer =
-        m_application.ui.ShowMessage(m_application.Translate(QStringLiteral("Save any changes?")),
-                                     m_application.Title, MessageIcon::Question, MessageButtons::YesNoCancel);
-    if (answer != MessageAnswer::Yes) return answer == MessageAnswer::No;
-    if (RunCommand(m_application, QStringLiteral("Form_Unload"), [&] { SaveByButton(document); }))
-        RecoverFromFailedPass(document);
-    return !document.Changed;
-}
-
-void mdiSheetwright::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    const std::vector<FormWindow*> forms = Forms();
-    const auto isBusy = [](FormWindow* form) { return form->Document().Busy > 0; };
-    if (m_isRunning || !IsEnabled() || std::ranges::any_of(forms, isBusy)) return;
-    for (FormWindow* const form : forms)
-        if (!FrameOf(*form).close()) return;
-    StorePlacement(*this, m_application);
-    StoreBlankTick(m_application, IsBlankTicked());
-    event->accept();
-}
-
-void mdiSheetwright::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_toolBar != nullptr) DrawIcons();
+void mdiSheetwright::OpenFromDialogSlot() {
+    RunCommand(QStringLiteral("OpenForm"), &FrameCommands::OpenFormOfSlot);
 }
 
 bool mdiSheetwright::IsEnabled() const {
@@ -202,20 +157,35 @@ void mdiSheetwright::SetEnabled(bool isEnabled) {
     m_gate->SetOpen(isEnabled);
 }
 
+// It is the form in front whose undo point is made or lost.
+void mdiSheetwright::SetUndoEnabled(bool isEnabled) {
+    const FormWindow* const form = Active();
+    if (form == nullptr) return;
+    if (isEnabled) {
+        m_undoable.insert(form);
+    } else {
+        m_undoable.erase(form);
+    }
+}
+
 bool mdiSheetwright::IsBlankTicked() const {
-    return m_actions.blank->isChecked();
+    return m_menus->IsTicked(QStringLiteral("mnuOptionsBlank"));
+}
+
+void mdiSheetwright::ClearBlankTick() {
+    m_menus->SetTicked(QStringLiteral("mnuOptionsBlank"), false);
 }
 
 QString mdiSheetwright::PagePanel() const {
-    return m_page->text();
+    return m_status->PageText();
 }
 
 void mdiSheetwright::SetPagePanel(const QString& text) {
-    m_page->setText(text);
+    m_status->SetPageText(text);
 }
 
 void mdiSheetwright::SetPageBox(const QString& text) {
-    m_pages->SetBox(text);
+    m_toolBar->Pages().SetBox(text);
 }
 
 void mdiSheetwright::RefreshPageList(frmSheetwright& document) {
@@ -227,19 +197,22 @@ void mdiSheetwright::ShowAddPage(frmSheetwright& document) {
     sheetwright::ShowAddPage(this, document);
 }
 
+void mdiSheetwright::PopUpEditMenu() {
+    QMenu& menu = m_menus->Menu(QStringLiteral("mnuPage"));
+    if (menu.menuAction()->isEnabled() && menu.menuAction()->isVisible()) m_status->PopUp(menu);
+}
+
+void mdiSheetwright::RunCommand(const QString& name, const FrameCommand& command) {
+    Run(name, [&] { command(*m_commands); });
+}
+
 void mdiSheetwright::Run(const QString& name, const std::function<void()>& command) {
     if (m_isRunning || !IsEnabled()) return;
     {
         const QScopedValueRollback<bool> running(m_isRunning, true);
-        if (RunCommand(m_application, name, command)) Recover();
+        if (sheetwright::RunCommand(m_application, name, command)) Recover();
     }
     Refresh();
-}
-
-void mdiSheetwright::RunOnActive(const QString& name, DocumentCommand command) {
-    Run(name, [&] {
-        if (FormWindow* const form = Active()) (this->*command)(form->Document());
-    });
 }
 
 void mdiSheetwright::Recover() {
@@ -247,6 +220,40 @@ void mdiSheetwright::Recover() {
     m_application.ui.SetPointer(Pointer::Normal);
     m_application.ui.HideProgress();
     if (FormWindow* const form = Active()) RecoverFromFailedPass(form->Document());
+}
+
+void mdiSheetwright::Refresh() {
+    RefreshCaptions();
+    RefreshCommands();
+    RefreshZoom();
+}
+
+void mdiSheetwright::RefreshCaptions() {
+    for (FormWindow* const form : Forms()) {
+        const bool isChanged = form->Document().Changed;
+        form->setWindowTitle(MarkedCaption(form->Document().Caption));
+        // Telling the window what it knows already would wake the program again.
+        if (form->isWindowModified() != isChanged) form->setWindowModified(isChanged);
+    }
+}
+
+void mdiSheetwright::RefreshCommands() {
+    FormWindow* const form = Active();
+    const frmSheetwright* const document = form == nullptr ? nullptr : &form->Document();
+    const CommandStates states = CommandStatesOf(m_application, document);
+    m_menus->Refresh({.commands = states,
+                      .mayChange = document != nullptr && !document->MyReadonly,
+                      .canUndo = m_undoable.contains(form)});
+    m_menus->ShowRecentFiles(m_commands->Recent());
+    m_toolBar->Refresh(states, SaveButtonDescription == QStringLiteral("ReportSave"));
+    m_toolBar->ShowPages(document == nullptr ? 0 : document->DataPageNum,
+                         document == nullptr ? 0 : document->Pages);
+    if (document == nullptr) ClearPagePanel();
+}
+
+void mdiSheetwright::RefreshZoom() {
+    FormWindow* const form = Active();
+    m_status->Refresh(form != nullptr, form == nullptr ? 1 : form->View().Zoom());
 }
 
 }  // namespace sheetwright

@@ -4,28 +4,25 @@
 // keeps nothing of a form: every command acts on the form in front.
 
 #include "core/main_window.h"
+#include "ui/command_table.h"
 
 #include <QMainWindow>
-#include <QPointer>
 
 #include <functional>
+#include <memory>
+#include <set>
 #include <vector>
-
-class QAction;
-class QLabel;
-class QMdiArea;
-class QMdiSubWindow;
-class QMenu;
-class QToolBar;
-class QToolButton;
 
 namespace sheetwright {
 
 class Application;
+class FormArea;
 class FormWindow;
+class FrameCommands;
+class FrameMenus;
+class FrameStatusBar;
+class FrameToolBar;
 class InputGate;
-class PageButtons;
-class PageView;
 class StatusPanel;
 class frmSheetwright;
 
@@ -35,7 +32,8 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     explicit mdiSheetwright(Application& application);
     ~mdiSheetwright() override;
 
-    [[nodiscard]] StatusPanel& Status() { return *m_status; }
+    [[nodiscard]] StatusPanel& Status() const;
+    [[nodiscard]] FormArea& Area() const { return *m_area; }
     // The form in front; none where none is open.
     [[nodiscard]] FormWindow* Active() const;
     [[nodiscard]] std::vector<FormWindow*> Forms() const;
@@ -46,12 +44,28 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     void OpenTemplate(const QString& path);
     void OpenFromDialogSlot();
 
+    bool NoClose = false;           // the close box only minimises
+    QString SaveButtonDescription;  // "ReportSave": the host saves when the button is clicked
+    std::function<double()> Timer;  // for waits, see `Pause`
+
+    // Closes the frame as a command does: also when the close box only minimises it.
+    void Exit();
+
     // Brings captions, commands and panels up to date with the forms. Done whenever the program is idle.
     void Refresh();
 
+    // The boundary of each command: nothing starts within another command or while the frame is disabled. A
+    // failure is told; the form in front then shows its current page again.
+    void Run(const QString& name, const std::function<void()>& command);
+
+    // What opening a form asks of the frame.
+    [[nodiscard]] frmSheetwright& MakeDocument();
+    void UnloadDocument(frmSheetwright& document);
+    void ClearBlankTick();
+
     [[nodiscard]] bool IsEnabled() const override;
     void SetEnabled(bool isEnabled) override;
-    void SetUndoEnabled(bool) override {}  // no command undoes anything
+    void SetUndoEnabled(bool isEnabled) override;
     [[nodiscard]] bool IsBlankTicked() const override;
     [[nodiscard]] QString PagePanel() const override;
     void SetPagePanel(const QString& text) override;
@@ -63,91 +77,41 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
-    using Command = std::function<void()>;
-    using DocumentCommand = void (mdiSheetwright::*)(frmSheetwright&);
-
-    // The commands and what they hang in.
-    struct Actions {
-        QAction* open;
-        QAction* close;
-        QAction* save;
-        QAction* saveAs;
-        QAction* saveButton;  // of the tool bar: Save, or Save As where only that is possible
-        QAction* update;
-        QAction* addPage;
-        QAction* blank;
-        QAction* pagePanel;
-        std::vector<QAction*> zooms;
-        QMenu* edit;
-        QMenu* options;
-        QMenu* window;
-        std::vector<QAction*> windows;  // the open forms in it
-    };
-
-    void BuildMenus();
-    void BuildFileMenu();
-    void BuildEditMenu();
-    void BuildViewMenu();
-    void BuildOptionsMenu();
-    void BuildWindowMenu();
     void BuildToolBar();
     void BuildStatusBar();
-    void BuildZoomBox();
+    void ConnectArea();
     void RemoveFunctionality();
-    void DrawIcons();
-    QAction* Add(QMenu& menu, const QString& name, const QString& caption, const Command& command);
-    QAction* AddForActive(QMenu& menu, const QString& name, const QString& caption, DocumentCommand command);
-    void AddZoom(QMenu& menu, const QString& name, const QString& caption,
-                 const std::function<void(PageView&)>& change, const QList<QKeySequence>& keys = {});
-    void AddArrangement(const QString& name, const QString& caption,
-                        const std::function<void(QMdiArea&)>& arrange);
-    void ListWindows();
-    [[nodiscard]] static QString ZoomText(double zoom);
-
-    // The boundary of each command: nothing starts within another command or while the frame is disabled. A
-    // failure is told; the form in front then shows its current page again.
-    void Run(const QString& name, const Command& command);
-    void RunOnActive(const QString& name, DocumentCommand command);
+    void LoadSettings();
+    void StoreSettings();
+    void RunCommand(const QString& name, const FrameCommand& command);
     void Recover();
 
-    void ReadTemplate(const QString& path);
-    void ReadForm();
-    void mnuFileOpen_Click();
-    void mnuFileClose_Click();
-    void SaveByButton(frmSheetwright& document);
-    void Save(frmSheetwright& document);
-    void SaveAs(frmSheetwright& document);
-    void UpdateFormulas(frmSheetwright& document);
-    void AddPageByMenu(frmSheetwright& document);
-    void HighlightBlanks();
-    void GoToPage(int number);
-    void PopUpEditMenu();
-
-    [[nodiscard]] frmSheetwright& MakeDocument();
-    void UnloadDocument(frmSheetwright& document);
+    [[nodiscard]] bool AsksToClose(FormWindow& form);
     [[nodiscard]] bool MayClose(FormWindow& form);
-    [[nodiscard]] bool SaveBeforeClosing(frmSheetwright& document);
-    void Activate(QMdiSubWindow* window);
+    [[nodiscard]] bool IsBusy() const;
+    [[nodiscard]] bool AllMayClose();
+    void Unload();
+
+    void Activated(FormWindow& form);
     void ShowPageOf(frmSheetwright& document);
     void ClearPagePanel();
     void RefreshCaptions();
     void RefreshCommands();
     void RefreshZoom();
+    void PopUpEditMenu();
 
     Application& m_application;
-    QMdiArea* m_area;
+    FormArea* m_area;
     InputGate* m_gate;
-    QToolBar* m_toolBar = nullptr;
-    StatusPanel* m_status = nullptr;
-    QToolButton* m_page = nullptr;  // the panel "Page" of the status bar
-    QToolButton* m_zoom = nullptr;
-    PageButtons* m_pages = nullptr;
-    Actions m_actions{};
-    QPointer<FormWindow> m_active;
+    std::unique_ptr<FrameCommands> m_commands;
+    FrameMenus* m_menus;
+    FrameToolBar* m_toolBar;
+    FrameStatusBar* m_status;
+    std::set<const FormWindow*> m_undoable;  // forms with an undo point
     bool m_isRunning = false;
+    bool m_isExiting = false;
 };
 
 }  // namespace sheetwright

@@ -11,7 +11,6 @@ namespace sheetwright {
 
 namespace {
 
-constexpr std::size_t kFirst = 0;
 constexpr std::size_t kPrevious = 1;
 constexpr std::size_t kNext = 2;
 constexpr int kBoxMargin = 6;
@@ -39,9 +38,12 @@ PageButtons::PageButtons(const Application& application, QWidget* parent)
     for (QToolButton* const button : m_buttons)
         row->addWidget(button);
     row->insertWidget(kNext, m_lblpages);
+    m_lblpages->setMinimumWidth(m_lblpages->sizeHint().width());
+    m_lblpages->clear();
+    const std::array clicks{&First, &Previous, &Next, &Last};
     for (std::size_t at = 0; at < m_buttons.size(); ++at)
-        connect(m_buttons[at], &QToolButton::clicked, this, [this, at] {
-            if (GoTo) GoTo(Target(at));
+        connect(m_buttons[at], &QToolButton::clicked, this, [click = clicks[at]] {
+            if (*click) (*click)();
         });
 }
 
@@ -71,12 +73,6 @@ QToolButton* PageButtons::Button(const QString& name, const QString& words) {
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     return button;
-}
-
-int PageButtons::Target(std::size_t button) const {
-    if (button == kFirst) return 1;
-    if (button == kPrevious) return m_page - 1;
-    return button == kNext ? m_page + 1 : m_pages;
 }
 
 }  // namespace sheetwright

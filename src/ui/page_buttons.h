@@ -19,10 +19,13 @@ class PageButtons : public QWidget {
   public:
     PageButtons(const Application& application, QWidget* parent);
 
-    // Asked for page `number`.
-    std::function<void(int)> GoTo;
+    // Called when the buttons are clicked.
+    std::function<void()> First;
+    std::function<void()> Previous;
+    std::function<void()> Next;
+    std::function<void()> Last;
 
-    // The box fits itself to its text.
+    // The box fits itself to its text, for which it has room of "000/000" at least.
     void SetBox(const QString& text);
     // Without pages the panel hides.
     void SetPages(int page, int pages);
@@ -30,7 +33,6 @@ class PageButtons : public QWidget {
 
   private:
     [[nodiscard]] QToolButton* Button(const QString& name, const QString& words);
-    [[nodiscard]] int Target(std::size_t button) const;
 
     std::array<QToolButton*, 4> m_buttons;  // first, previous, next, last
     QLabel* m_lblpages;

@@ -1,14 +1,14 @@
 #include "ui/page_mouse.h"
 
-#include "core/application.h"
 #include "document/document.h"
 #include "document/page_view_layout.h"
 #include "fields/dragging.h"
 #include "fields/editing.h"
-#include "fields/navigation.h"
+#include "fields/editing_elements.h"
 #include "ui/drag_pictures.h"
 #include "ui/entry_editor.h"
 #include "ui/event_boundary.h"
+#include "ui/key_events.h"
 #include "ui/page_view.h"
 #include "ui/page_zoom.h"
 
@@ -32,20 +32,8 @@ constexpr std::chrono::milliseconds kEdgeInterval{40};
 constexpr double kEdge = 12;         // pixels at the border of the view in which a drag scrolls
 constexpr double kFastestEdge = 40;  // pixels for each interval
 
-std::int16_t ShiftOf(Qt::KeyboardModifiers modifiers) {
-    int shift = 0;
-    if (modifiers.testFlag(Qt::ShiftModifier)) shift |= key::kShiftMask;
-    if (modifiers.testFlag(Qt::ControlModifier)) shift |= key::kCtrlMask;
-    if (modifiers.testFlag(Qt::AltModifier)) shift |= key::kAltMask;
-    return static_cast<std::int16_t>(shift);
-}
-
 int EntryNumber(ElementRef element) {
     return element.kind == ElementKind::Entry ? element.number : 0;
-}
-
-bool IsViewedOnly(const frmSheetwright& document) {
-    return document.application.ViewerMode || document.MyReadonly;
 }
 
 // The unreliable pixels of X11 are left alone.
@@ -213,7 +201,7 @@ void PageMouse::ZoomBy(int angle, QPointF position) {
 }
 
 Qt::CursorShape PageMouse::ShapeOver(ElementRef element) const {
-    if (element.IsNone() || IsViewedOnly(m_document)) return Qt::ArrowCursor;
+    if (element.IsNone() || IsLocked(m_document)) return Qt::ArrowCursor;
     const Page& page = *m_document.page;
     if (element.kind == ElementKind::Entry)
         return page.Entries.At(element.number).isTransparent ? Qt::ArrowCursor : Qt::IBeamCursor;

@@ -17,8 +17,10 @@ namespace {
 constexpr QSize kSize(480, 270);
 constexpr int kTextLeft = 196;  // beside the drawn sheet
 constexpr int kMargin = 28;
-constexpr double kNameScale = 1.9;
-constexpr double kLineScale = 1.5;
+// Heights of fonts: the drawing does not grow with those of the desktop.
+constexpr int kNameHeight = 25;
+constexpr int kLineHeight = 20;
+constexpr int kVersionHeight = 13;
 // Of the drawing, which is the same on light and dark desktops.
 constexpr QColor kPaper(0xf4, 0xf7, 0xfa);
 constexpr QColor kInk(0x2c, 0x37, 0x43);
@@ -36,7 +38,7 @@ QPixmap Drawing(double devicePixelRatio) {
 SplashWindow::SplashWindow(const Application& application)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
       m_drawing(Drawing(devicePixelRatioF())),
-      m_lblProductLine(Line("lblProductLine", QStringLiteral("Sheetwright"), kLineScale)) {
+      m_lblProductLine(Line("lblProductLine", QStringLiteral("Sheetwright"), kLineHeight)) {
     setObjectName(QStringLiteral("SplashWindow"));
     setWindowTitle(application.Title);
     setAttribute(Qt::WA_QuitOnClose, false);  // the program has only begun
@@ -44,10 +46,10 @@ SplashWindow::SplashWindow(const Application& application)
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(kTextLeft, kMargin, kMargin, kMargin);
     column->addStretch(2);
-    column->addWidget(Line("lblProduct", QStringLiteral("Tolvane Quillon"), kNameScale));
+    column->addWidget(Line("lblProduct", QStringLiteral("Tolvane Quillon"), kNameHeight));
     column->addWidget(m_lblProductLine);
     column->addStretch(3);
-    column->addWidget(Line("lblVersion", VersionText(application), 1));
+    column->addWidget(Line("lblVersion", VersionText(application), kVersionHeight));
     if (const QScreen* const screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
 }
@@ -62,7 +64,7 @@ void SplashWindow::paintEvent(QPaintEvent*) {
     painter.drawPixmap(0, 0, m_drawing);
 }
 
-QLabel* SplashWindow::Line(const char* name, const QString& text, double scale) {
+QLabel* SplashWindow::Line(const char* name, const QString& text, int height) {
     auto* const label = new QLabel(text, this);
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
@@ -70,8 +72,8 @@ QLabel* SplashWindow::Line(const char* name, const QString& text, double scale) 
     ink.setColor(QPalette::WindowText, kInk);
     label->setPalette(ink);
     QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setBold(scale > 1);
+    font.setPixelSize(height);
+    font.setBold(height > kVersionHeight);
     label->setFont(font);
     return label;
 }

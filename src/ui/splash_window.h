@@ -23,7 +23,7 @@ class SplashWindow : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    [[nodiscard]] QLabel* Line(const char* name, const QString& text, double scale);
+    [[nodiscard]] QLabel* Line(const char* name, const QString& text, int height);  // of its font, pixels
 
     QPixmap m_drawing;
     QLabel* m_lblProductLine;

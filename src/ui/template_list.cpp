@@ -59,11 +59,13 @@ bool TemplateList::UpdateNewList(const QString& folder) {
                style()->standardIcon(QStyle::SP_FileDialogToParent));
         item(0)->setToolTip(m_application.Translate(QStringLiteral("Up One Level")));
     }
+    const QIcon folderIcon = style()->standardIcon(QStyle::SP_DirIcon);
+    const QIcon fileIcon = style()->standardIcon(QStyle::SP_FileIcon);
     constexpr QDir::Filters kFolders = QDir::Dirs | QDir::NoDotAndDotDot;
     for (const QFileInfo& entry : shown.entryInfoList(kFolders, QDir::Name | QDir::IgnoreCase))
-        AddRow(entry.fileName(), entry.filePath(), true, style()->standardIcon(QStyle::SP_DirIcon));
+        AddRow(entry.fileName(), entry.filePath(), true, folderIcon);
     for (const QFileInfo& entry : Templates(shown))
-        AddRow(entry.fileName(), entry.filePath(), false, style()->standardIcon(QStyle::SP_FileIcon));
+        AddRow(entry.fileName(), entry.filePath(), false, fileIcon);
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -36,6 +37,18 @@ bool IsPaste(const QKeyEvent& key) {
 bool IsLineBreak(const QKeyEvent& key) {
     return (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) &&
            key.modifiers().testFlag(Qt::ControlModifier);
+}
+
+// Qt looks for the end of a line through the whole word that it stands in: with words beyond this many
+// characters that takes seconds, and minutes with those of a hostile form.
+constexpr qsizetype kLongestWord = 2000;
+
+bool HoldsLongWord(QStringView text) {
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kLongestWord;
+    });
 }
 
 // In the value each break before a position takes one character more.
@@ -108,7 +121,6 @@ LinesEdit::LinesEdit(QWidget* parent) : QPlainTextEdit(parent) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setTabChangesFocus(true);
     document()->setDocumentMargin(0);
 }
@@ -127,6 +139,29 @@ QString LinesEdit::Value() const {
     QString text = document()->toRawText();
     text.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
     return text.replace(QString(QChar(QChar::ParagraphSeparator)), LineBreak());
+}
+
+void LinesEdit::SetValue(const QString& text) {
+    clear();
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    BreakLongWordsOf(text);
+    setPlainText(text);
+}
+
+void LinesEdit::ReplaceValue(const QString& text) {
+    BreakLongWordsOf(text);
+    selectAll();
+    insertPlainText(text);
+}
+
+void LinesEdit::insertFromMimeData(const QMimeData* source) {
+    BreakLongWordsOf(source->text());
+    QPlainTextEdit::insertFromMimeData(source);
+}
+
+// Until there is another value: undoing may bring the word back.
+void LinesEdit::BreakLongWordsOf(QStringView text) {
+    if (HoldsLongWord(text)) setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
 // Turns the page where there is nothing more to turn here; with Ctrl it zooms the page.
@@ -163,15 +198,13 @@ QWidget& LinesEditor::Widget() {
 }
 
 void LinesEditor::Load(const usrEntry& entry) {
-    m_edit->setPlainText(entry.Value());
+    m_edit->SetValue(entry.Value());
     m_told = m_edit->Value();
     m_edit->setAccessibleName(entry.design.Idx);
 }
 
 void LinesEditor::TakeText(const QString& text) {
-    if (text == m_edit->Value()) return;
-    m_edit->selectAll();
-    m_edit->insertPlainText(text);
+    if (text != m_edit->Value()) m_edit->ReplaceValue(text);
 }
 
 void LinesEditor::Dress(const EditorLook& look) {

@@ -32,9 +32,17 @@ class LinesEdit : public QPlainTextEdit {
 
     void Dress(const EditorLook& look);
     [[nodiscard]] QString Value() const;
+    // With nothing to undo.
+    void SetValue(const QString& text);
+    // Unlike `SetValue` it can be undone.
+    void ReplaceValue(const QString& text);
 
   protected:
+    void insertFromMimeData(const QMimeData* source) override;
     void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void BreakLongWordsOf(QStringView text);
 };
 
 class LinesEditor : public FieldEditor {

@@ -65,4 +65,16 @@ void TileVertically(QMdiArea& area) {
     Tile(area, true);
 }
 
+void ArrangeIcons(QMdiArea& area) {
+    const QRect room = area.viewport()->rect();
+    QPoint corner = room.bottomLeft();
+    for (QMdiSubWindow* const window : area.subWindowList(QMdiArea::CreationOrder)) {
+        if (!window->isMinimized()) continue;
+        if (corner.x() > room.left() && corner.x() + window->width() > room.right() + 1)
+            corner = QPoint(room.left(), corner.y() - window->height());
+        window->move(corner.x(), corner.y() - window->height() + 1);
+        corner.rx() += window->width();
+    }
+}
+
 }  // namespace sheetwright

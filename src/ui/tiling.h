@@ -1,6 +1,6 @@
 #pragma once
 
-// Child windows side by side, or one upon the other. Minimised ones stay as they are.
+// Child windows side by side, or one upon the other; minimised ones only by `ArrangeIcons`.
 
 #include <QSize>
 
@@ -16,5 +16,7 @@ void Cascade(QMdiArea& area);
 // One above the other, each as wide as the area, or one beside the other, each as high.
 void TileHorizontally(QMdiArea& area);
 void TileVertically(QMdiArea& area);
+// The minimised ones in rows along the lower edge.
+void ArrangeIcons(QMdiArea& area);
 
 }  // namespace sheetwright

@@ -134,6 +134,21 @@ TEST_F(SheetwrightTest, SecondStartEndsAtOnceAndSilently) {
     Close(first);
 }
 
+// The list of recent forms is used from other folders, too.
+TEST_F(SheetwrightTest, FormNamedFromTheCurrentFolderIsRememberedWithItsWholePath) {
+    const QString form = WriteForm();
+    QProcess process;
+    Start(process, {S("my form.aff")});
+    ASSERT_TRUE(WaitUntil(process, [this] { return !Unpacked().isEmpty(); }));
+    Close(process);
+    QString text;
+    for (const QFileInfo& file : QDir(Path(S("home/config/sheetwright"))).entryInfoList(QDir::Files)) {
+        QFile stored(file.filePath());
+        if (stored.open(QIODevice::ReadOnly)) text += QString::fromUtf8(stored.readAll());
+    }
+    EXPECT_TRUE(text.contains(form)) << text.toStdString();
+}
+
 }  // namespace
 
 }  // namespace sheetwright

@@ -259,7 +259,7 @@ TEST_F(PageDrawing, EmptyPictureFieldSaysHowToFillIt) {
         const QStringList drawn = DrawnBitmap();
         EXPECT_EQ(drawn.first(4), EdgeLines());
         ASSERT_EQ(drawn.size(), 6) << value;
-        EXPECT_EQ(drawn[4], S("text 115,245 \"Press SPACE or Double-Click to select\" Arial 8.25 0x707070"));
+        EXPECT_EQ(drawn[4], S("text 160,290 \"Press SPACE or Double-Click to select\" Arial 8.25 0x707070"));
         EXPECT_TRUE(drawn[5].contains(S("\"picture...\"")));
     }
 }

@@ -274,10 +274,17 @@ TEST_F(Merging, DesignsPast32767AreAFailure) {
 }
 
 TEST_F(Merging, AFormTakesNoMoreFilesThanItsArchiveMayHold) {
-    std::vector<BuiltMember> pictures;
-    for (int number = 1; number < archive_limits::kMembers; ++number)
-        pictures.push_back({"p" + QByteArray::number(number) + ".bmp", "1"});
-    ExpectFailure(WriteArchive(S("more.aft"), OneDesign(), pictures), 67);
+    const QDir folder(OnDisk(m_document->MyTempDir));
+    const auto countOf = [&] { return folder.entryList(QDir::Files).size(); };
+    const QString own = folder.filePath(S("logo.bmp"));
+    for (int number = static_cast<int>(countOf()); number < archive_limits::kMembers - 1; ++number)
+        ASSERT_TRUE(QFile::link(own, folder.filePath(S("%1.bmp").arg(number))));
+    const QString path = WriteArchive(S("more.aft"), OneDesign(), {{"a.bmp", "1"}, {"b.bmp", "2"}});
+    EXPECT_EQ(FailureOf([&] { (void)Merge(path); }), 67);
+    EXPECT_EQ(countOf(), archive_limits::kMembers - 1);
+    EXPECT_EQ(m_document->memory.DesignPageCount(), 1);
+    ASSERT_TRUE(QFile::remove(folder.filePath(S("9000.bmp"))));
+    EXPECT_EQ(Merge(path).added, 1) << "just as many";
 }
 
 TEST_F(Merging, WhenThePicturesCantBeTakenNothingIs) {

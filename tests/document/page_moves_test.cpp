@@ -3,6 +3,7 @@
 #include "document/document.h"
 #include "document/page.h"
 #include "document/page_on_screen_test.h"
+#include "document/pages.h"
 #include "document/undo.h"
 #include "fields/dragging.h"
 #include "fields/editing.h"
@@ -126,6 +127,70 @@ TEST_F(PageMoves, AtTheEndsAndForOtherWordsNothingHappens) {
     EXPECT_EQ(m_steps, QStringList());
 }
 
+TEST_F(PageMoves, TheEndsAreReachedFromEverywhere) {
+    for (std::int16_t page = 1; page <= 3; ++page) {
+        m_document.DataPageNum = page;
+        m_steps.clear();
+        FirstPage(m_document);
+        EXPECT_EQ(m_steps, (QStringList{S("save %1").arg(page), S("load 1")}));
+        m_document.DataPageNum = page;
+        m_steps.clear();
+        LastPage(m_document);
+        EXPECT_EQ(m_steps, (QStringList{S("save %1").arg(page), S("load 3")}));
+    }
+}
+
+TEST_F(PageMoves, TheNeighboursEndAtTheEnds) {
+    struct Case {
+        std::int16_t from, next, previous;
+    };
+    for (const Case& page : {Case{1, 2, 1}, Case{2, 3, 1}, Case{3, 3, 2}}) {
+        m_document.DataPageNum = page.from;
+        NextPage(m_document);
+        EXPECT_EQ(m_document.DataPageNum, page.next);
+        m_document.DataPageNum = page.from;
+        PrevPage(m_document);
+        EXPECT_EQ(m_document.DataPageNum, page.previous);
+    }
+    EXPECT_EQ(m_steps.size(), 8) << "nothing is stored and shown at an end";
+}
+
+TEST_F(PageMoves, WithoutPagesThereIsNowhereToGo) {
+    m_document.Pages = 0;
+    m_document.DataPageNum = 0;
+    for (const auto move : {FirstPage, LastPage, NextPage, PrevPage})
+        move(m_document);
+    EXPECT_EQ(m_steps, QStringList());
+}
+
+TEST_F(PageMoves, TheGotoDialogIsOpenedOnce) {
+    bool isOpen = false;
+    int shown = 0;
+    const auto show = [&](frmSheetwright& document) {
+        ++shown;
+        EXPECT_TRUE(isOpen);
+        mnuPageGoto_Click(&document, isOpen, [&](frmSheetwright&) { ++shown; });
+    };
+    mnuPageGoto_Click(&m_document, isOpen, show);
+    EXPECT_EQ(shown, 1);
+    EXPECT_FALSE(isOpen);
+    mnuPageGoto_Click(&m_document, isOpen, show);
+    EXPECT_EQ(shown, 2);
+}
+
+TEST_F(PageMoves, WithoutADocumentNoGotoDialogShows) {
+    bool isOpen = false;
+    mnuPageGoto_Click(nullptr, isOpen, [](frmSheetwright&) { FAIL(); });
+    EXPECT_FALSE(isOpen);
+}
+
+TEST_F(PageMoves, TheGotoDialogCanBeOpenedAgainAfterAFailure) {
+    bool isOpen = false;
+    const auto fail = [](frmSheetwright&) { throw Failure(failure::kTypeMismatch); };
+    EXPECT_EQ(FailureOf([&] { mnuPageGoto_Click(&m_document, isOpen, fail); }), failure::kTypeMismatch);
+    EXPECT_FALSE(isOpen);
+}
+
 // A form of two designs; its pages have the designs 1, 2 and 1.
 class TurningPages : public PageOnScreenTest {
   protected:
@@ -213,6 +278,48 @@ TEST_F(TurningPages, UndoKeepsThePagesValuesAsPage0) {
     EXPECT_TRUE(m_mainWindow.undoEnabled);
     MoveToPage(*m_document, 2);
     EXPECT_FALSE(m_mainWindow.undoEnabled) << "another design";
+}
+
+TEST_F(TurningPages, GotoEntersTheFirstFieldOfAnotherPageOnly) {
+    bool isOpen = false;
+    Unselect(*m_document);
+    mnuPageGoto_Click(m_document.get(), isOpen, [](frmSheetwright& document) { FirstPage(document); });
+    EXPECT_TRUE(ThePage().CurrentEntry.IsNone());
+    mnuPageGoto_Click(m_document.get(), isOpen, [](frmSheetwright& document) { LastPage(document); });
+    EXPECT_EQ(m_document->DataPageNum, 3);
+    EXPECT_EQ(ThePage().CurrentEntry, (ElementRef{ElementKind::Entry, 1}));
+}
+
+TEST_F(TurningPages, AddPageEntersTheFirstFieldAndTellsTheHost) {
+    m_mainWindow.onAddPage = [](frmSheetwright& document) {
+        AddPage(document, 2, Placement::AtEnd, document.Pages);
+    };
+    m_application->ReportMode = true;
+    mnuPageAdd_Click(*m_document);
+    EXPECT_EQ(m_document->DataPageNum, 4);
+    EXPECT_EQ(ThePage().CurrentEntry, (ElementRef{ElementKind::Entry, 1}));
+    EXPECT_EQ(m_ui.hostLines, QStringList{S("EVENT: PAGECHANGE")});
+    m_application->ReportMode = false;
+    mnuPageAdd_Click(*m_document);
+    EXPECT_EQ(m_ui.hostLines.size(), 1) << "only a report has a host";
+}
+
+TEST_F(TurningPages, APageAddedUnderTheSameNumberIsNoOtherPage) {
+    m_mainWindow.onAddPage = [](frmSheetwright& document) { AddPage(document, 2, Placement::AtStart, 1); };
+    m_application->ReportMode = true;
+    mnuPageAdd_Click(*m_document);
+    EXPECT_EQ(m_document->Pages, 4);
+    EXPECT_EQ(m_document->DataPageNum, 1);
+    EXPECT_TRUE(ThePage().CurrentEntry.IsNone());
+    EXPECT_EQ(m_ui.hostLines, QStringList());
+}
+
+TEST_F(TurningPages, ACancelledAddPageChangesNothing) {
+    m_application->ReportMode = true;
+    mnuPageAdd_Click(*m_document);
+    EXPECT_EQ(m_mainWindow.addPageShown, 1);
+    EXPECT_EQ(m_document->Pages, 3);
+    EXPECT_EQ(m_ui.hostLines, QStringList());
 }
 
 TEST_F(TurningPages, ADropCanBeUndone) {

@@ -137,14 +137,14 @@ TEST_F(RecentFilesSettings, HiddenEntriesAreNotStored) {
 }
 
 TEST_F(RecentFilesSettings, TheWelcomeListTakesTwenty) {
-    RecentFiles files;
-    for (int number = 1; number <= 22; ++number)
-        AddToRecentFiles(*m_application, files, S("/%1").arg(number));
+    for (int number = 1; number <= 20; ++number)
+        Store("wRecent Files", number, QByteArray("/" + QByteArray::number(number)).constData());
+    AddToWelcomeRecentFiles(*m_application, S("/new"));
     const QStringList paths = WelcomeRecentFiles(*m_application);
     ASSERT_EQ(paths.size(), 20);
-    EXPECT_EQ(paths.first(), S("/22"));
-    EXPECT_EQ(paths.last(), S("/3"));
-    EXPECT_EQ(Stored("wRecent Files", 20), S("/3"));
+    EXPECT_EQ(paths.first(), S("/new"));
+    EXPECT_EQ(paths.last(), S("/19"));
+    EXPECT_EQ(Stored("wRecent Files", 20), S("/19"));
     EXPECT_EQ(Stored("wRecent Files", 21), QString());
 }
 

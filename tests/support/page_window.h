@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace sheetwright {
 
 class RecordingWindow : public DocumentWindow {
@@ -95,7 +97,10 @@ class RecordingMainWindow : public MainWindow {
     void SetPageBox(const QString& text) override { box = text; }
     void RefreshPageList(frmSheetwright&) override { calls << QStringLiteral("RefreshPageList"); }
     void DriverSetup(const QString& names) override { drivers << names; }
-    void ShowAddPage(frmSheetwright&) override { ++addPageShown; }
+    void ShowAddPage(frmSheetwright& document) override {
+        ++addPageShown;
+        if (onAddPage) onAddPage(document);
+    }
     [[nodiscard]] int FreeResources() const override { return freeResources; }
 
     QStringList calls;  // "enabled", "disabled", "RefreshPageList"
@@ -106,6 +111,7 @@ class RecordingMainWindow : public MainWindow {
     QString box;
     bool undoEnabled = false;
     int addPageShown = 0;
+    std::function<void(frmSheetwright&)> onAddPage;  // what the person does in the dialog
     int freeResources = 100;
     QStringList drivers;  // of each call
 };

@@ -1,5 +1,7 @@
 #include "entry_editor_test.h"
 
+#include <QTextCharFormat>
+
 namespace sheetwright {
 namespace {
 
@@ -121,6 +123,23 @@ TEST_F(TheDateEditor, CalendarStaysOnTheScreen) {
     const QRect screen = QApplication::primaryScreen()->availableGeometry();
     const QRect popup(Calendar().window()->pos(), Calendar().window()->size());
     EXPECT_EQ(popup & screen, popup);
+}
+
+TEST_F(TheDateEditor, WeekendsCanBeReadOnADarkDesktop) {
+    OpenDate();
+    Key(Qt::Key_F4);
+    QWidget& popup = *Calendar().window();
+    popup.close();
+    QPalette dark = popup.palette();
+    dark.setColor(QPalette::Base, Qt::black);
+    popup.setPalette(dark);
+    Key(Qt::Key_F4);
+    const auto colourOf = [&](Qt::DayOfWeek day) {
+        return Calendar().weekdayTextFormat(day).foreground().color();
+    };
+    EXPECT_EQ(colourOf(Qt::Saturday), QColor(255, 140, 130));
+    EXPECT_EQ(colourOf(Qt::Sunday), QColor(255, 140, 130));
+    EXPECT_EQ(Calendar().weekdayTextFormat(Qt::Friday), QTextCharFormat());
 }
 
 }  // namespace

@@ -53,6 +53,17 @@ TEST_F(ElementRecordingsTest, RecordsAgainOnlyWhatWasForgotten) {
     EXPECT_NE(m_elements.Of(ElementKind::Entry)[1].recording, second);
 }
 
+TEST_F(ElementRecordingsTest, WhatIsForgottenTwiceIsRecordedOnce) {
+    Add(S("one"));
+    Add(S("two"));
+    m_elements.Refresh();
+    for (const int number : {1, 2, 1, 2})
+        m_elements.Forget({ElementKind::Entry, number});
+    EXPECT_EQ(m_elements.Refresh().size(), 2U);
+    m_elements.Forget({ElementKind::Entry, 1});
+    EXPECT_EQ(m_elements.Refresh().size(), 1U);
+}
+
 TEST_F(ElementRecordingsTest, ElementThatIsGoneDoesNoHarm) {
     Add(S("one"));
     m_elements.Refresh();

@@ -196,6 +196,18 @@ TEST_F(TheEditor, SeveralLinesKeepPastedLinesAndNoBreakSpaces) {
     EXPECT_EQ(ThePage().Entry.Value(), S("one\r\ntwo\u00A0three"));
 }
 
+TEST_F(TheEditor, WordOfManyLinesIsBrokenAnywhere) {
+    Field(S("a"), {S("WordWrap=True")}).Field(S("b"), {S("WordWrap=True")}).Open({S("b=short words")});
+    SetClipboard(QString(100'000, u'7'));
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Shown<QPlainTextEdit>().wordWrapMode(), QTextOption::WrapAnywhere);
+    Tab();
+    EXPECT_EQ(Text(1).size(), 100'000);
+    EXPECT_EQ(Shown<QPlainTextEdit>().wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Shown<QPlainTextEdit>().wordWrapMode(), QTextOption::WrapAnywhere);
+}
+
 TEST_F(TheEditor, PageDownIsTheFormsAlsoOverSeveralLines) {
     m_form = FormText();
     m_form.Page(S("First")).Field(S("text"), At(100, 100) + QStringList{S("WordWrap=True")});
@@ -335,6 +347,15 @@ TEST_F(TheEditor, CanGoBeforeItsForm) {
     editor.reset();
     document.page->Entry.SetValue(S("nobody looks"));
     EXPECT_TRUE(parent.children().isEmpty());
+}
+
+TEST_F(TheEditor, FieldWithoutAWidthCanBeTypedInto) {
+    m_form.Field(S("thin"), At(100, 100, 0, 0));
+    Open();
+    Type(S("seen"));
+    EXPECT_EQ(Line().width(), 12);
+    Leave();
+    EXPECT_EQ(Text(1), S("seen"));
 }
 
 }  // namespace

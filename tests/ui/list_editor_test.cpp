@@ -140,6 +140,39 @@ TEST_F(TheListEditor, IsBroadEnoughForItsArrow) {
     EXPECT_EQ(Box().width(), qRound(500 * View().PixelsPerTwip()));
 }
 
+TEST_F(TheListEditor, TextStandsStillWhenAnItemIsChosen) {
+    OpenList(S("Apple"));
+    const QRect place = Line().geometry();
+    Key(Qt::Key_F4);
+    QTest::keyClick(Box().view(), Qt::Key_Down);
+    QTest::keyClick(Box().view(), Qt::Key_Return);
+    EXPECT_EQ(ThePage().Entry.Value(), S("Banana"));
+    EXPECT_EQ(Line().geometry(), place);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Line().geometry(), place);
+}
+
+TEST_F(TheListEditor, ArrowStandsBesideATextThatDoesNotStandOnTheLeft) {
+    Field(S("left"), {S("List=A,B")}).Field(S("centred"), {S("List=A,B"), S("Alignment=2")});
+    Open();
+    const int fieldWidth = View().OnScreen(ThePage().entryPlace).toRect().width();
+    EXPECT_EQ(Box().width(), fieldWidth);
+    EXPECT_LT(Line().width(), fieldWidth);
+    Tab();
+    EXPECT_EQ(Box().width(), fieldWidth + 14);
+    EXPECT_EQ(Line().width(), fieldWidth);
+}
+
+TEST_F(TheListEditor, ArrowStaysInTheFieldWhereThereIsNoRoomBesideIt) {
+    Field(S("centred"), {S("List=A,B"), S("Alignment=2")});
+    Open();
+    const QRect field = View().OnScreen(ThePage().entryPlace).toRect();
+    m_window->resize(field.right() + 10, m_window->height());
+    Editor().Move(View().OnScreen(ThePage().entryPlace), View().PixelsPerTwip());
+    ASSERT_LT(View().width(), View().OnScreen(ThePage().entryPlace).right() + 14);
+    EXPECT_EQ(Box().width(), field.width());
+}
+
 TEST_F(TheListEditor, CompositionReachesTheValue) {
     OpenList();
     CommitComposed(S("日本"));

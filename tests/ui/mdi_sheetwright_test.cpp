@@ -1,29 +1,13 @@
-#include "ui/mdi_sheetwright.h"
+#include "mdi_sheetwright_test.h"
 
-#include "document/document.h"
 #include "document/page.h"
-#include "support/form_text.h"
-#include "support/short_text.h"
-#include "support/test_application.h"
-#include "ui/form_window.h"
 #include "ui/page_view.h"
 #include "ui/status_panel.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
+#include <QDir>
 #include <QListWidget>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-
-#include <gmock/gmock.h>
 
 namespace sheetwright {
 
@@ -31,65 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-QByteArray TwoPages() {
-    FormText form;
-    form.Page(S("Cover")).Field(S("Client"));
-    form.Page(S("Results")).Field(S("Reading"));
-    form.Data(1, {S("Client=Marlow")}).Data(2, {S("Reading=1")});
-    return form.Bytes();
-}
-
-class MdiSheetwrightTest : public ApplicationTest {
-  protected:
-    explicit MdiSheetwrightTest(const QString& title = S("Tolvane Quillon Sheetwright"))
-        : ApplicationTest(title) {
-        m_application->settings = Settings(Path(S("settings")));
-        Write(S("papersizes.csv"), "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,11907,16840\r\n");
-        m_application->LoadPaperTable();
-        Load();
-    }
-    ~MdiSheetwrightTest() override { Unload(); }
-
-    void Load() {
-        m_frame = std::make_unique<mdiSheetwright>(*m_application);
-        m_frame->show();
-        QApplication::setActiveWindow(m_frame.get());
-    }
-    void Unload() { m_frame.reset(); }
-
-    FormWindow* Open(const QString& name, const QByteArray& bytes = TwoPages()) {
-        m_frame->DialogFileName = Write(name, bytes);
-        m_frame->OpenFromDialogSlot();
-        return m_frame->Active();
-    }
-
-    FormWindow* OpenTemplate(const QString& name) {
-        m_frame->OpenTemplate(Write(name, TwoPages()));
-        return m_frame->Active();
-    }
-
-    [[nodiscard]] QAction* Action(const char* name) const { return m_frame->findChild<QAction*>(S(name)); }
-    void Do(const char* name) const { Action(name)->trigger(); }
-    void Click(const char* name) const {
-        QTest::mouseClick(m_frame->findChild<QToolButton*>(S(name)), Qt::LeftButton);
-    }
-    [[nodiscard]] QString PageBox() const { return m_frame->findChild<QLabel*>(S("lblpages"))->text(); }
-
-    // Types a text into the field that has the focus, and leaves it.
-    static void Type(FormWindow& form, const QString& text) {
-        QTest::keyClicks(QApplication::focusWidget(), text);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        ASSERT_TRUE(form.Document().Changed);
-    }
-
-    // What the file dialog gives next.
-    void Choose(const QString& path) {
-        m_ui.onFileDialog = [path](FileDialog& dialog) { dialog.fileName = path; };
-    }
-
-    std::unique_ptr<mdiSheetwright> m_frame;
-};
 
 TEST_F(MdiSheetwrightTest, IsTheApplicationsMainWindowWhileItLives) {
     EXPECT_EQ(m_application->mainWindow, m_frame.get());
@@ -201,100 +126,6 @@ TEST_F(MdiSheetwrightTest, ChangedFormIsMarkedAndSaved) {
     EXPECT_TRUE(Read(S("form.aff")).startsWith("PK"));
 }
 
-TEST_F(MdiSheetwrightTest, UnchangedFormClosesWithoutAQuestion) {
-    Open(S("form.aff"));
-    Do("mnuFileClose");
-    EXPECT_EQ(m_frame->Active(), nullptr);
-    EXPECT_THAT(m_ui.messages, IsEmpty());
-    EXPECT_EQ(m_frame->PagePanel(), S(""));
-    EXPECT_FALSE(Action("mnuFileClose")->isEnabled());
-}
-
-TEST_F(MdiSheetwrightTest, ClosedFormTakesItsTemporaryDirectoryAlong) {
-    const QString folder = Open(S("form.aff"))->Document().MyTempDir;
-    ASSERT_TRUE(QDir(folder).exists());
-    Do("mnuFileClose");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(QDir(folder).exists());
-}
-
-TEST_F(MdiSheetwrightTest, ChangedFormAsksBeforeItCloses) {
-    Type(*Open(S("form.aff")), S("Finch"));
-    m_ui.answers = {MessageAnswer::Cancel};
-    Do("mnuFileClose");
-    EXPECT_NE(m_frame->Active(), nullptr);
-    EXPECT_THAT(m_ui.messages, ElementsAre(ShownMessage{S("Save any changes?"), m_application->Title,
-                                                        MessageIcon::Question, MessageButtons::YesNoCancel}));
-}
-
-TEST_F(MdiSheetwrightTest, AnswerNoClosesAndSavesNothing) {
-    Type(*Open(S("form.aff")), S("Finch"));
-    m_ui.answers = {MessageAnswer::No};
-    Do("mnuFileClose");
-    EXPECT_EQ(m_frame->Active(), nullptr);
-    EXPECT_EQ(Read(S("form.aff")), TwoPages());
-}
-
-TEST_F(MdiSheetwrightTest, AnswerYesSavesAndCloses) {
-    Type(*Open(S("form.aff")), S("Finch"));
-    m_ui.answers = {MessageAnswer::Yes};
-    Do("mnuFileClose");
-    EXPECT_EQ(m_frame->Active(), nullptr);
-    EXPECT_TRUE(Read(S("form.aff")).startsWith("PK"));
-}
-
-TEST_F(MdiSheetwrightTest, WhatIsBeingTypedCountsAsAChange) {
-    Open(S("form.aff"));
-    QTest::keyClicks(QApplication::focusWidget(), S("Finch"));
-    m_ui.answers = {MessageAnswer::Cancel};
-    Do("mnuFileClose");
-    EXPECT_EQ(m_ui.MessageTexts(), QStringList(S("Save any changes?")));
-}
-
-TEST_F(MdiSheetwrightTest, UntitledFormIsSavedUnderANewName) {
-    Type(*OpenTemplate(S("form.aft")), S("Finch"));
-    m_ui.answers = {MessageAnswer::Yes};
-    Choose(Path(S("new.aff")));
-    Do("mnuFileClose");
-    EXPECT_EQ(m_frame->Active(), nullptr);
-    EXPECT_TRUE(Read(S("new.aff")).startsWith("PK"));
-    EXPECT_EQ(m_ui.fileDialogs.back().title, S("Save As"));
-    EXPECT_EQ(m_ui.fileDialogs.back().flags & dialogs::kOverwritePrompt, dialogs::kOverwritePrompt);
-}
-
-TEST_F(MdiSheetwrightTest, CancelledSaveAsKeepsTheFormOpen) {
-    FormWindow* const form = OpenTemplate(S("form.aft"));
-    Type(*form, S("Finch"));
-    m_ui.answers = {MessageAnswer::Yes};
-    Do("mnuFileClose");
-    EXPECT_EQ(m_frame->Active(), form);
-    EXPECT_TRUE(form->Document().Tag.endsWith(S("form.aft")));
-}
-
-TEST_F(MdiSheetwrightTest, FormThatCantBeSavedStaysOpen) {
-    Type(*OpenTemplate(S("form.aft")), S("Finch"));
-    m_ui.answers = {MessageAnswer::Yes};
-    Choose(Path(S("no")) + S("/folder/new.aff"));
-    Do("mnuFileClose");
-    EXPECT_NE(m_frame->Active(), nullptr);
-}
-
-TEST_F(MdiSheetwrightTest, BusyFormCantBeClosed) {
-    FormWindow* const form = Open(S("form.aff"));
-    form->Document().Busy = 1;
-    EXPECT_FALSE(m_frame->close());
-    EXPECT_TRUE(m_frame->isVisible());
-    form->Document().Busy = 0;
-    EXPECT_TRUE(m_frame->close());
-}
-
-TEST_F(MdiSheetwrightTest, FrameStaysOpenWithAFormThatDoes) {
-    Type(*Open(S("form.aff")), S("Finch"));
-    m_ui.answers = {MessageAnswer::Cancel};
-    EXPECT_FALSE(m_frame->close());
-    EXPECT_EQ(m_frame->Forms().size(), 1U);
-}
-
 TEST_F(MdiSheetwrightTest, ButtonsTurnThePages) {
     FormWindow* const form = Open(S("form.aff"));
     EXPECT_FALSE(m_frame->findChild<QToolButton*>(S("cmd_firstpage"))->isEnabled());
@@ -324,7 +155,7 @@ TEST_F(MdiSheetwrightTest, AddPageAppendsAPageOfTheChosenDesign) {
     QStringList offered;
     QTimer::singleShot(0, m_frame.get(), [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
-        auto* const designs = dialog->findChild<QListWidget*>();
+        auto* const designs = dialog->findChild<QListWidget*>(S("LstDesign"));
         for (int row = 0; row < designs->count(); ++row)
             offered << designs->item(row)->text();
         EXPECT_EQ(designs->currentRow(), 0);
@@ -402,42 +233,6 @@ TEST_F(MdiSheetwrightTest, MissingTemplateClearsTheTickOfBlankFields) {
     EXPECT_EQ(m_frame->Active(), nullptr);
 }
 
-TEST_F(MdiSheetwrightTest, RemembersItsPlaceAndItsTick) {
-    m_frame->setGeometry(20, 30, 500, 400);
-    Do("mnuOptionsBlank");
-    EXPECT_TRUE(m_frame->close());
-    const auto stored = [this](const char* key) {
-        return m_application->settings.Read(m_application->Title, S("mdiSheetwright"), S(key));
-    };
-    EXPECT_EQ(stored("MainWidth"), S("7500"));
-    EXPECT_EQ(stored("MainHeight"), S("6000"));
-    EXPECT_EQ(stored("BlankSelected"), S("True"));
-    Unload();
-    Load();
-    EXPECT_EQ(m_frame->size(), QSize(500, 400));
-    EXPECT_TRUE(m_frame->IsBlankTicked());
-}
-
-TEST_F(MdiSheetwrightTest, FrameMinimisedWhenClosedKeepsTheStoredPlace) {
-    m_frame->setGeometry(20, 30, 500, 400);
-    m_frame->close();
-    m_frame->setGeometry(0, 0, 700, 600);
-    m_frame->showMinimized();
-    m_frame->close();
-    EXPECT_EQ(m_application->settings.Read(m_application->Title, S("mdiSheetwright"), S("MainWidth")),
-              S("7500"));
-}
-
-TEST_F(MdiSheetwrightTest, StoredPlaceOffTheScreenIsBroughtBack) {
-    for (const char* key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
-        m_application->settings.Write(m_application->Title, S("mdiSheetwright"), S(key), S("9999999999"));
-    m_application->settings.Write(m_application->Title, S("mdiSheetwright"), S("MainLeft"), S("-90000"));
-    Unload();
-    Load();
-    EXPECT_GE(m_frame->x(), 0);
-    EXPECT_GE(m_frame->width(), 300);
-}
-
 TEST_F(MdiSheetwrightTest, DisabledFrameTakesNoKeysAndKeepsTheFocus) {
     FormWindow* const form = Open(S("form.aff"));
     QWidget* const focus = QApplication::focusWidget();
@@ -484,13 +279,13 @@ TEST_F(MdiSheetwrightTest, WindowsAreArranged) {
     FormWindow* const first = Open(S("first.aff"));
     FormWindow* const second = Open(S("second.aff"));
     const QSize room = m_frame->findChild<QMdiArea*>()->viewport()->size();
-    Do("mnuWindowTileHorizontally");
+    Do("mnuWindowArrange1");
     EXPECT_EQ(first->parentWidget()->width(), room.width());
     EXPECT_EQ(first->parentWidget()->height() + second->parentWidget()->height(), room.height());
-    Do("mnuWindowCascade");
+    Do("mnuWindowArrange0");
     EXPECT_EQ(first->parentWidget()->size(), room * 3 / 4);
     EXPECT_GT(second->parentWidget()->y(), first->parentWidget()->y());
-    Do("mnuWindowTileVertically");
+    Do("mnuWindowArrange2");
     EXPECT_EQ(first->parentWidget()->height(), room.height());
     EXPECT_EQ(first->parentWidget()->width() + second->parentWidget()->width(), room.width());
 }
@@ -504,41 +299,6 @@ TEST_F(MdiSheetwrightTest, OptionsToggleWithoutAForm) {
 TEST_F(MdiSheetwrightTest, EveryButtonOfThePanelTellsWhatItDoes) {
     for (const char* name : {"cmd_firstpage", "cmd_prevpage", "cmd_nextpage", "cmd_lastpage", "Zoom"})
         EXPECT_FALSE(m_frame->findChild<QToolButton*>(S(name))->accessibleName().isEmpty()) << name;
-}
-
-class MdiViewerTest : public MdiSheetwrightTest {
-  protected:
-    MdiViewerTest() : MdiSheetwrightTest(S("Tolvane Ketterlin Professional Viewer")) {}
-};
-
-TEST_F(MdiViewerTest, HidesWhatChangesForms) {
-    EXPECT_EQ(m_frame->windowTitle(), S("Tolvane Ketterlin Professional Viewer"));
-    Open(S("form.aff"));
-    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "Save", "MnuEditUpdate", "mnuPageAdd"})
-        EXPECT_FALSE(Action(name)->isVisible()) << name;
-    EXPECT_FALSE(m_frame->findChild<QMenu*>(S("mnuPage"))->menuAction()->isVisible());
-    EXPECT_TRUE(Action("mnuFileOpen")->isVisible());
-}
-
-TEST_F(MdiViewerTest, TurnsPages) {
-    const auto place = [this] { return m_frame->PagePanel(); };
-    Open(S("form.aff"));
-    Click("cmd_nextpage");
-    EXPECT_EQ(place(), S("2/2 - Results "));
-    Do("mnuFileClose");
-    EXPECT_THAT(m_ui.messages, IsEmpty());
-}
-
-TEST_F(MdiViewerTest, PageKeysTurnPagesAndOfferNone) {
-    FormWindow* const form = Open(S("form.aff"));
-    ASSERT_EQ(QApplication::focusWidget(), &form->View());
-    const auto press = [&](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
-    press(Qt::Key_PageDown);
-    EXPECT_EQ(form->Document().DataPageNum, 2);
-    press(Qt::Key_PageDown);
-    press(Qt::Key_PageUp);
-    EXPECT_EQ(form->Document().DataPageNum, 1);
-    EXPECT_TRUE(form->Document().page->CurrentEntry.IsNone());
 }
 
 TEST(StatusPanel, BarLiesBehindTheText) {

@@ -193,6 +193,28 @@ TEST_F(PageForHelpers, ElementsOfAPageThatIsGoneAreInvalid) {
     EXPECT_EQ(Names(), (QStringList{S("Passed"), S("photo")}));
 }
 
+TEST_F(PageForHelpers, CheckBoxOfAPageThatIsGoneTakesNoState) {
+    OpenPage();
+    QAccessibleInterface& check = Child(S("Passed"));
+    Leave();
+    ThePage().Checks.UnloadAll();
+    ThePage().CheckProperties.clear();
+    check.valueInterface()->setCurrentValue(0);
+    EXPECT_FALSE(check.valueInterface()->currentValue().isValid());
+}
+
+TEST_F(PageForHelpers, DisabledFrameTakesNoRequest) {
+    OpenPage();
+    Leave();
+    m_frame.enabled = false;
+    Do(Child(S("second")), QAccessibleActionInterface::setFocusAction());
+    Child(S("first")).setText(QAccessible::Value, S("Grace"));
+    Child(S("Passed")).valueInterface()->setCurrentValue(1);
+    EXPECT_TRUE(ThePage().CurrentEntry.IsNone());
+    EXPECT_EQ(Child(S("first")).text(QAccessible::Value), S("Ada"));
+    EXPECT_EQ(Child(S("Passed")).valueInterface()->currentValue().toInt(), 2);
+}
+
 TEST_F(PageForHelpers, FocusIsTold) {
     OpenPage();
     AccessibilityFocusChanged(View(), Check(1), &Record);

@@ -136,12 +136,13 @@ TEST_F(PageViewTest, CurrentCheckBoxHasAFrame) {
     Click(CentreOfCheck(1));
     const QRect place = View().OnScreen(ThePage().Checks.At(1).place).toAlignedRect();
     const QImage focused = Grab();
-    EXPECT_EQ(focused.pixelColor(place.left() - 1, place.center().y()), Highlight());
+    EXPECT_NE(focused.pixelColor(place.left() - 1, place.center().y()), Highlight());
     EXPECT_EQ(focused.pixelColor(place.left() - 2, place.center().y()), Highlight());
-    EXPECT_NE(focused.pixelColor(place.left() - 3, place.center().y()), Highlight());
-    EXPECT_EQ(focused.pixelColor(place.center().x(), place.bottom() + 1), Highlight());
+    EXPECT_EQ(focused.pixelColor(place.left() - 3, place.center().y()), Highlight());
+    EXPECT_NE(focused.pixelColor(place.left() - 4, place.center().y()), Highlight());
+    EXPECT_EQ(focused.pixelColor(place.center().x(), place.bottom() + 2), Highlight());
     Click(CentreOf(1));
-    EXPECT_NE(Grab().pixelColor(place.left() - 1, place.center().y()), Highlight());
+    EXPECT_NE(Grab().pixelColor(place.left() - 2, place.center().y()), Highlight());
 }
 
 TEST_F(PageViewTest, ValueThatChangesIsPaintedAnew) {

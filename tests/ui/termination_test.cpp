@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QTimer>
 
-#include <csignal>
-
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace sheetwright {
 

@@ -13,7 +13,6 @@
 #include "ui/line_icons.h"
 #include "ui/termination.h"
 
-#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -36,7 +35,8 @@ void SpeakTheSystemsLanguage(QApplication& desktop) {
 // Desktops know the program's windows by the name of its menu entry.
 void ShowIdentity(const Application& application) {
     QApplication::setWindowIcon(ProgramIcon(application.ViewerMode));
-    QApplication::setDesktopFileName(QFileInfo(QApplication::applicationFilePath()).fileName());
+    QApplication::setDesktopFileName(application.ViewerMode ? QStringLiteral("sheetwright_viewer")
+                                                            : QStringLiteral("sheetwright"));
 }
 
 // Any exception as a failure.

@@ -1,0 +1,127 @@
+#include "ui/form_area.h"
+
+#include "document/document.h"
+#include "ui/form_window.h"
+#include "ui/tiling.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace sheetwright {
+
+namespace {
+
+constexpr QSize kSmallestForm(240, 160);
+
+FormWindow& FormIn(const QMdiSubWindow& window) {
+    return *static_cast<FormWindow*>(window.widget());
+}
+
+}  // namespace
+
+FormArea::FormArea(QWidget* parent) : QMdiArea(parent) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(this, &QMdiArea::subWindowActivated, this, &FormArea::Activate);
+}
+
+FormArea::~FormArea() {
+    disconnect(this);
+    for (QMdiSubWindow* const window : findChildren<QMdiSubWindow*>()) {
+        if (window->widget() != nullptr) window->widget()->disconnect(this);
+        delete window;
+    }
+}
+
+FormWindow* FormArea::Active() const {
+    const std::vector<FormWindow*> forms = Forms();
+    if (std::ranges::find(forms, m_active.data()) != forms.end()) return m_active;
+    return forms.empty() ? nullptr : forms.back();
+}
+
+std::vector<FormWindow*> FormArea::Forms() const {
+    std::vector<FormWindow*> forms;
+    for (const QMdiSubWindow* const window : subWindowList())
+        if (window->widget() != nullptr) forms.push_back(&FormIn(*window));
+    return forms;
+}
+
+FormWindow* FormArea::FormOf(const frmSheetwright& document) const {
+    const std::vector<FormWindow*> forms = Forms();
+    const auto found =
+        std::ranges::find_if(forms, [&](FormWindow* form) { return &form->Document() == &document; });
+    return found == forms.end() ? nullptr : *found;
+}
+
+QMdiSubWindow& FormArea::FrameOf(FormWindow& form) {
+    return *static_cast<QMdiSubWindow*>(form.parentWidget());
+}
+
+void FormArea::Add(std::unique_ptr<FormWindow> made) {
+    FormWindow* const front = Active();
+    const bool isWhole = front == nullptr || FrameOf(*front).isMaximized();
+    // The area disconnects itself from a window that closes.
+    connect(made.get(), &QObject::destroyed, this, &FormArea::Forget);
+    QMdiSubWindow* const window = addSubWindow(made.release());
+    window->setWindowIcon(windowIcon());
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    // The keys are those of the frame's own menu.
+    for (QAction* const action : window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
+    Activate(window);
+    window->setMinimumSize(kSmallestForm);
+    window->resize(RoomForOne(*this));
+    if (isWhole) {
+        window->showMaximized();
+    } else {
+        window->show();
+    }
+}
+
+void FormArea::BringToFront(FormWindow& form) {
+    setActiveSubWindow(&FrameOf(form));
+}
+
+void FormArea::Remove(FormWindow& form) {
+    delete &FrameOf(form);
+}
+
+void FormArea::CloseAll() {
+    const QScopedValueRollback<bool> closing(m_isClosingAll, true);
+    for (FormWindow* const form : Forms()) {
+        QMdiSubWindow& window = FrameOf(*form);
+        window.close();
+        QCoreApplication::sendPostedEvents(&window, QEvent::DeferredDelete);
+    }
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
+void FormArea::NoteClosing(FormWindow& form) {
+    m_closing.insert(&form);
+}
+
+// Also told when the last form is gone, and when another program comes to the front: then nothing changes.
+void FormArea::Activate(QMdiSubWindow* window) {
+    if (window == nullptr || window->widget() == nullptr) {
+        if (Changed) Changed();
+        return;
+    }
+    m_active = &FormIn(*window);
+    if (Activated) Activated(*m_active);
+}
+
+// Its window may still be about to go: who waits until messages were pumped waits behind that.
+void FormArea::Forget(QObject* form) {
+    const bool wasClosed = m_closing.erase(form) > 0;
+    if (Changed) Changed();
+    if (wasClosed && Closed)
+        QMetaObject::invokeMethod(
+            this, [this] { Closed(); }, Qt::QueuedConnection);
+}
+
+}  // namespace sheetwright
