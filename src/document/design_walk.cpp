@@ -87,7 +87,7 @@ void DesignWalk::AddKey(QStringView key, QStringView value, int line) {
     using Action = DesignStep::Action;
     const Bag& bag = m_bags.back();
     if (!bag.isInUse && !bag.keys->Contains(key)) {
-        bag.keys->Add(value.toString(), key.toString());
+        bag.keys->Add(m_texts.Shared(value), m_texts.Shared(key));
     } else {
         const Action action = bag.isInUse ? Action::LateKey : Action::EqualKey;
         m_steps.push_back({action, line, {}, bag.keys, key.toString(), value.toString()});

@@ -4,6 +4,7 @@
 // is walked for many pages is cut once.
 
 #include "document/design_records.h"
+#include "document/text_pool.h"
 
 #include <QString>
 #include <QStringView>
@@ -68,6 +69,7 @@ class DesignWalk {
     std::vector<DesignStep> m_steps;
     std::vector<Bag> m_bags{1};  // the last one is the current one
     QString m_kind;
+    TextPool m_texts;
 };
 
 }  // namespace sheetwright

@@ -8,6 +8,7 @@
 #include "document/page.h"
 #include "document/page_elements.h"
 #include "document/page_panel.h"
+#include "document/text_pool.h"
 #include "fields/dragging.h"
 #include "fields/editing_elements.h"
 #include "fields/editing_entry.h"
@@ -92,6 +93,7 @@ class DesignBuilder {
     std::optional<ShownProgress> m_progress;
     QString m_kind;
     Bag m_bag = std::make_shared<PropertyBag>();
+    TextPool m_texts;
     bool m_hasFailed = false;
 };
 
@@ -141,7 +143,7 @@ void DesignBuilder::Make(QStringView line) {
 void DesignBuilder::AddKey(QStringView line, const DesignLine& cut) {
     if (!line.contains(u'=')) throw Failure(failure::kSubscript);
     const bool isForced = IsLocked(m_document) && cut.key.compare(u"readonly", Qt::CaseInsensitive) == 0;
-    m_bag->Add(isForced ? QStringLiteral("True") : cut.value.toString(), cut.key.toString());
+    m_bag->Add(isForced ? QStringLiteral("True") : m_texts.Shared(cut.value), m_texts.Shared(cut.key));
 }
 
 // The line is put together for the log only when it is needed: a design has thousands.
