@@ -1,9 +1,15 @@
 #!/usr/bin/env bash
-# Sets everything up, builds Sheetwright, fills in a sample form and prints it to a PDF file.
+# Sets everything up, builds Sheetwright and opens a sample form in its window. Where there is no display, or with
+# --headless, it fills in and recalculates the form without one, saves it and prints it to a PDF file.
 #
-#   ./run.sh          the sample "Appliance Test Record"
-#   ./run.sh FORM     a form or template of your own
+#   ./run.sh [--headless]          the sample "Appliance Test Record"
+#   ./run.sh [--headless] FORM     a form or template of your own
 set -euo pipefail
+has_display=${DISPLAY:-}${WAYLAND_DISPLAY:-}
+if [ "${1:-}" = --headless ]; then
+    has_display=
+    shift
+fi
 form=$(realpath -- "${1:-$(dirname "$0")/share/samples/appliance_test_record.aff}")
 cd "$(dirname "$0")"
 . tools/set_up.sh
@@ -15,6 +21,11 @@ results=$PWD/build/results
 mkdir -p "$results"
 name=$(basename "${form%.*}")
 cd build/release/bin  # where the lists lie that the samples look things up in
+
+if [ -n "$has_display" ]; then
+    echo "== $form in its window"
+    exec ./sheetwright "$form"
+fi
 
 echo
 echo "== What is in $form"

@@ -42,6 +42,11 @@ WindowPlace Read(const Application& application, WindowPlace place) {
     return place;
 }
 
+// A window's size is that of its inside; its place is that of the whole.
+double WholeHeight(const WindowPlace& window) {
+    return window.height + kTitleHeight;
+}
+
 // How much of two stretches is common; below 0 the distance between them.
 double Common(double start, double length, double otherStart, double otherLength) {
     return std::min(start + length, otherStart + otherLength) - std::max(start, otherStart);
@@ -56,12 +61,17 @@ bool IsReachable(const WindowPlace& window, const WindowPlace& screen) {
 
 double Nearness(const WindowPlace& window, const WindowPlace& screen) {
     const double across = Common(window.left, window.width, screen.left, screen.width);
-    const double down = Common(window.top, window.height, screen.top, screen.height);
+    const double down = Common(window.top, WholeHeight(window), screen.top, screen.height);
     return across > 0 && down > 0 ? across * down : std::min(across, 0.0) + std::min(down, 0.0);
 }
 
 double Inside(double start, double length, double screenStart, double screenLength) {
     return std::clamp(start, screenStart, screenStart + std::max(screenLength - length, 0.0));
+}
+
+// The greatest that leaves the title bar on the screen too.
+double HeightIn(const WindowPlace& screen) {
+    return std::max(screen.height - kTitleHeight, kTitleHeight);
 }
 
 // No larger than all screens together, no smaller than can be worked with.
@@ -77,15 +87,15 @@ WindowPlace WithUsableSize(WindowPlace window, const std::vector<WindowPlace>& s
         all.top = top;
     }
     window.width = std::clamp(window.width, std::min(kSmallestSide, main.width), all.width);
-    window.height = std::clamp(window.height, std::min(kSmallestSide, main.height), all.height);
+    window.height = std::clamp(window.height, std::min(kSmallestSide, HeightIn(main)), HeightIn(all));
     return window;
 }
 
 WindowPlace MovedInto(WindowPlace window, const WindowPlace& screen) {
     window.width = std::min(window.width, screen.width);
-    window.height = std::min(window.height, screen.height);
+    window.height = std::min(window.height, HeightIn(screen));
     window.left = Inside(window.left, window.width, screen.left, screen.width);
-    window.top = Inside(window.top, window.height, screen.top, screen.height);
+    window.top = Inside(window.top, WholeHeight(window), screen.top, screen.height);
     return window;
 }
 

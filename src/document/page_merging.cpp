@@ -7,6 +7,8 @@
 #include "document/document.h"
 #include "document/form_archive.h"
 #include "document/form_reader.h"
+#include "print/form_surfaces.h"
+#include "print/own_picture.h"
 
 #include <QDir>
 #include <QFile>
@@ -164,6 +166,19 @@ void RenameIn(MemoryBlock& memory, int page, const NewNames& renamed) {
     }
 }
 
+// Pictures of the new designs that lie beside the template, as those of one in plain text do. What can't be
+// taken leaves its box empty.
+void TakeFromBeside(frmSheetwright& document, int before, const QString& folder, const QString& path) {
+    const MemoryBlock& memory = document.memory;
+    for (int page = before + 1; page <= memory.DesignPageCount(); ++page) {
+        for (int position = 1; position <= memory.DesignPage(page).Count(); ++position) {
+            const QString name = PictureNameIn(memory.DesignPage(page).Line(position)).toString();
+            if (name.isEmpty() || IsTextMemberName(name)) continue;
+            Ignoring([&] { (void)OwnPicture(document.surfaces->pictures, name, folder, GetFolder(path)); });
+        }
+    }
+}
+
 // Reads the template as if its folder were the form's.
 void ReadFrom(frmSheetwright& document, const QString& folder, const QString& path) {
     const QString tag = std::exchange(document.Tag, path);
@@ -198,6 +213,7 @@ MergeResult Merge(frmSheetwright& document, const QString& path) {
         if (FileExists(unpacked + GetFileName(path))) throw Failure(failure::kInputPastEnd);
         return result;
     }
+    TakeFromBeside(document, before, unpacked, path);
     PictureDelivery pictures(unpacked, document.MyTempDir);
     pictures.Deliver();
     if (!pictures.Renamed().isEmpty())

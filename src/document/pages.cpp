@@ -7,6 +7,8 @@
 #include "fields/editing.h"
 #include "formula/recalculation.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace sheetwright {
@@ -87,10 +89,12 @@ void RemovePage(frmSheetwright& document) {
 
 void mnuPageRemove_Click(frmSheetwright& document) {
     const Application& application = document.application;
-    const std::int16_t before = document.DataPageNum;
+    // Also when a formula fails: the page is gone all the same.
+    const auto tellHost = qScopeGuard([&application, &document, before = document.DataPageNum] {
+        if (application.ReportMode && document.DataPageNum != before)
+            application.ui.TellHost(QStringLiteral("EVENT: PAGECHANGE"));
+    });
     RemovePage(document);
-    if (application.ReportMode && document.DataPageNum != before)
-        application.ui.TellHost(QStringLiteral("EVENT: PAGECHANGE"));
 }
 
 QString TitleOfPage(const frmSheetwright& document, int number) {

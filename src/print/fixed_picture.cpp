@@ -1,38 +1,12 @@
-#include "core/paths.h"
 #include "print/element_pens.h"
 #include "print/fixed_elements.h"
 #include "print/form_surfaces.h"
+#include "print/own_picture.h"
 #include "print/primitives.h"
 
 namespace sheetwright {
 
 namespace {
-
-// Where the file that a design names lies: there, or beside the form when the name has no folder of its own.
-// "" when it is in neither place.
-QString NamedFile(const FormDrawing& form, const QString& named) {
-    if (FileExists(named)) return named;
-    if (!GetFolder(named).isEmpty()) return {};
-    const QString besideForm = form.FormFolder + named;
-    return FileExists(besideForm) ? besideForm : QString();
-}
-
-// The form's own copy of a picture, which is the one that goes into its archive. Nothing but a picture is
-// ever copied: a form from elsewhere may name any file of this machine.
-void CopyPicture(PictureCache& pictures, const QString& from, const QString& to) {
-    (void)pictures.Load(from);
-    WriteFileAtomically(to, ReadWholeFile(from));
-}
-
-// The form's copy of the picture, made when there is none yet. "" when the picture is found nowhere.
-QString OwnPicture(const FormDrawing& form, const QString& named) {
-    QString own = form.MyTempDir + GetFileName(named);
-    if (FileExists(own)) return own;
-    const QString original = NamedFile(form, named);
-    if (original.isEmpty()) return {};
-    CopyPicture(form.surfaces.pictures, original, own);
-    return own;
-}
 
 // The surface shows the picture in its natural size.
 void Show(PictureSurface& surface, const Picture& picture) {
@@ -66,7 +40,9 @@ void DrawPictureElement(const ElementDrawing& element) {
     QString named;
     element.Step([&] { named = record.Picture(); });
     QString file;
-    if (!named.isEmpty()) element.Step([&] { file = OwnPicture(form, named); });
+    if (!named.isEmpty())
+        element.Step(
+            [&] { file = OwnPicture(form.surfaces.pictures, named, form.MyTempDir, form.FormFolder); });
     if (!file.isEmpty()) element.Step([&] { Show(surface, form.surfaces.pictures.Load(file)); });
 
     const double insideX = isFramed ? state.ScreenTwipsPerPixelX : 0;

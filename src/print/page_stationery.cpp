@@ -2,11 +2,13 @@
 
 #include "core/application.h"
 #include "core/failure.h"
+#include "core/paths.h"
 #include "document/document.h"
 #include "document/page.h"
 #include "document/page_view_layout.h"
 #include "formula/value_conversion.h"
 #include "print/form_surfaces.h"
+#include "print/own_picture.h"
 #include "print/stationery.h"
 
 #include <QScopeGuard>
@@ -27,6 +29,14 @@ PrePrinted& StationeryOf(frmSheetwright& document) {
     return *document.stationery;
 }
 
+// The scan of a template in plain text lies beside it.
+void TakeScan(frmSheetwright& document, const QString& name) {
+    if (name.isEmpty() || !GetFolder(name).isEmpty()) return;
+    Ignoring([&] {
+        (void)OwnPicture(document.surfaces->pictures, name, document.MyTempDir, GetFolder(document.Tag));
+    });
+}
+
 }  // namespace
 
 void LoadPPSettings(frmSheetwright& document, const QString& value) {
@@ -39,7 +49,9 @@ void LoadPPSettings(frmSheetwright& document, const QString& value) {
     stationery.printerYAdjust = ToSingle(number(kPrinterY));
     stationery.screenXAdjust = ToSingle(number(kScreenX));
     stationery.screenYAdjust = ToSingle(number(kScreenY));
-    stationery.setBackground(document.MyTempDir + StationeryField(value, kImage).toString());
+    const QString scan = StationeryField(value, kImage).toString();
+    TakeScan(document, scan);
+    stationery.setBackground(document.MyTempDir + scan);
     stationery.setScaleForm(kTwips);
     if (!document.window->IsShown()) SizeForm(document);
     PaintBackground(document);

@@ -43,16 +43,17 @@ AboutBox::AboutBox(const Application& application, QWidget* parent) : QDialog(pa
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     column->setSpacing(kMargin);
     column->addLayout(row);
-    BuildEmblem(*row);
+    BuildEmblem(*row, application.ViewerMode);
     BuildTexts(*row, application);
     BuildButton(*column, application);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void AboutBox::BuildEmblem(QBoxLayout& row) {
+void AboutBox::BuildEmblem(QBoxLayout& row, bool isViewer) {
     auto* const emblem = new QLabel(this);
     emblem->setObjectName(QStringLiteral("imgEmblem"));
-    emblem->setPixmap(ProgramIcon().pixmap(QSize(kEmblemSide, kEmblemSide), devicePixelRatioF()));
+    const QSize size(kEmblemSide, kEmblemSide);
+    emblem->setPixmap(ProgramIcon(isViewer).pixmap(size, devicePixelRatioF()));
     row.addWidget(emblem, 0, Qt::AlignTop);
 }
 

@@ -15,7 +15,7 @@ class AboutBox : public QDialog {
     AboutBox(const Application& application, QWidget* parent);
 
   private:
-    void BuildEmblem(QBoxLayout& row);
+    void BuildEmblem(QBoxLayout& row, bool isViewer);
     void BuildTexts(QBoxLayout& row, const Application& application);
     void BuildButton(QBoxLayout& column, const Application& application);
 };

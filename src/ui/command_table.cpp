@@ -34,7 +34,7 @@ Rows FileEntries(const Application& application) {
          .shortcuts = {QKeySequence::Open}},
         {.name = QStringLiteral("mnuFileClose"),
          .caption = application.Translate(QStringLiteral("&Close")),
-         .rule = CommandRule::Close,
+         .rule = CommandRule::Form,
          .command = &FrameCommands::mnuFileClose_Click,
          .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)}},
         Divider(QStringLiteral("mnuFileDiv1")),

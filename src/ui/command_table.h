@@ -19,7 +19,6 @@ enum class CommandRule {
     Always,
     Never,  // what it would do can't be done yet
     Form,   // with a form in front
-    Close,
     Save,
     SaveAs,
     Print,

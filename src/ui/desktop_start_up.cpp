@@ -5,11 +5,16 @@
 #include "ui/desktop_user_interface.h"
 #include "ui/splash_window.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QThread>
 
 namespace sheetwright {
 
 namespace {
+
+constexpr int kPaintPatience = 500;  // milliseconds
+constexpr int kPaintLook = 1;
 
 // Of a file in the current folder, which is another one at the next start.
 QString WholePath(const QString& path) {
@@ -33,8 +38,15 @@ void DesktopStartUp::SetSplashProductLine(const QString& text) {
     Splash().SetProductLine(text);
 }
 
+// The window system takes a moment until it lets a new window be painted; by then the start would be too busy
+// to do so.
 void DesktopStartUp::ShowSplash() {
     Splash().show();
+    const QDeadlineTimer patience(kPaintPatience);
+    while (!Splash().WasPainted() && !patience.hasExpired()) {
+        m_ui.PumpMessages();
+        QThread::msleep(kPaintLook);
+    }
 }
 
 void DesktopStartUp::CloseSplash() {

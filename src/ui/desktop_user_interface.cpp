@@ -128,11 +128,20 @@ MessageAnswer DesktopUserInterface::ShowMessage(const QString& text, const QStri
     return offered[at].answer;
 }
 
+// Printing nothing must not pass in silence.
+void DesktopUserInterface::TellOfNoPrinter() {
+    if (m_application != nullptr)
+        ShowMessage(m_application->Translate(QStringLiteral("No printer is installed.")),
+                    m_application->Title, MessageIcon::Exclamation);
+    throw Failure(failure::kCancelled);
+}
+
 void DesktopUserInterface::ShowPrinter(PrinterDialog& dialog) {
     if (m_printers == nullptr) throw Failure(failure::kCancelled);
     const OwnPointer pointer(m_isBusy);
     SpoolPrinters& printers = m_printers->Spool();
     printers.FollowDefault();
+    if (printers.Count() == 0) TellOfNoPrinter();
     QPrinter& printer = printers.Spooled().Spool();
     QPrintDialog box(&printer, QApplication::activeWindow());
     Dress(box, dialog);

@@ -46,6 +46,7 @@ class DesktopUserInterface : public UserInterface {
 
   private:
     [[nodiscard]] QString Words(MessageAnswer answer) const;
+    [[noreturn]] void TellOfNoPrinter();
 
     const Application* m_application = nullptr;
     LazyPrinters* m_printers = nullptr;

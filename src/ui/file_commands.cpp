@@ -23,15 +23,6 @@ namespace {
 
 constexpr int kMostRefusedNames = 10;
 
-void TellRefused(const Application& application, const QStringList& names) {
-    QStringList lines{application.Translate(QStringLiteral("Only forms and templates can be opened here:"))};
-    lines << names.first(std::min<qsizetype>(names.size(), kMostRefusedNames));
-    if (names.size() > kMostRefusedNames) lines << QStringLiteral("…");
-    application.ui.ShowMessage(lines.join(u'\n'),
-                               application.Translate(QStringLiteral("Unable to open file")),
-                               MessageIcon::Exclamation);
-}
-
 }  // namespace
 
 void FrameCommands::StoreRecent() {
@@ -58,19 +49,26 @@ void FrameCommands::OpenFormOfSlot() {
         [this](frmSheetwright& document) { m_frame.UnloadDocument(document); });
 }
 
-void FrameCommands::OpenFiles(const QStringList& paths) {
-    QStringList refused;
-    for (const QString& path : paths) {
-        if (path.endsWith(QStringLiteral(".aft"), Qt::CaseInsensitive)) {
-            OpenTemplate(path);
-        } else if (path.endsWith(QStringLiteral(".aff"), Qt::CaseInsensitive)) {
-            m_frame.DialogFileName = path;
-            OpenFormOfSlot();
-        } else {
-            refused << GetFileName(path);
-        }
+bool FrameCommands::OpenFile(const QString& path) {
+    if (path.endsWith(QStringLiteral(".aft"), Qt::CaseInsensitive)) {
+        OpenTemplate(path);
+        return true;
     }
-    if (!refused.isEmpty()) TellRefused(m_application, refused);
+    if (!path.endsWith(QStringLiteral(".aff"), Qt::CaseInsensitive)) return false;
+    m_frame.DialogFileName = path;
+    OpenFormOfSlot();
+    return true;
+}
+
+void FrameCommands::TellRefused(const QStringList& paths) {
+    QStringList lines{
+        m_application.Translate(QStringLiteral("Only forms and templates can be opened here:"))};
+    for (const QString& path : paths.first(std::min<qsizetype>(paths.size(), kMostRefusedNames)))
+        lines << GetFileName(path);
+    if (paths.size() > kMostRefusedNames) lines << QStringLiteral("…");
+    m_application.ui.ShowMessage(lines.join(u'\n'),
+                                 m_application.Translate(QStringLiteral("Unable to open file")),
+                                 MessageIcon::Exclamation);
 }
 
 void FrameCommands::SetOpenFormByDialog(int tab) {

@@ -87,8 +87,11 @@ void FormArea::BringToFront(FormWindow& form) {
     setActiveSubWindow(&FrameOf(form));
 }
 
+// A window that is deleted stands among the others until its form is gone: it is taken out first.
 void FormArea::Remove(FormWindow& form) {
-    delete &FrameOf(form);
+    QMdiSubWindow* const window = &FrameOf(form);
+    removeSubWindow(window);
+    delete window;
 }
 
 void FormArea::CloseAll() {

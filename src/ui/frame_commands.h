@@ -35,8 +35,10 @@ class FrameCommands {
     void OpenTemplate(const QString& path);
     // The form in the frame's file-name slot.
     void OpenFormOfSlot();
-    // By the ending of their names; of all that is neither a form nor a template one message tells.
-    void OpenFiles(const QStringList& paths);
+    // By the ending of its name. False for what is neither a form nor a template.
+    [[nodiscard]] bool OpenFile(const QString& path);
+    // One message for all.
+    void TellRefused(const QStringList& paths);
 
     void mnuFileNew_Click();
     void mnuFileOpen_Click();

@@ -23,7 +23,6 @@ bool IsAllowed(CommandRule rule, const FrameState& state) {
         case CommandRule::Never:
             return false;
         case CommandRule::Form:
-        case CommandRule::Close:
             return commands.fileClose;
         case CommandRule::Save:
             return commands.fileSave;

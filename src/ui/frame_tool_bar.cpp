@@ -55,15 +55,15 @@ void FrameToolBar::Hide(QStringView key) {
 }
 
 void FrameToolBar::Refresh(const CommandStates& states, bool reportsSave) {
+    const bool maySave = reportsSave || states.fileSave || states.fileSaveAs;
     for (const ButtonRow& row : m_rows) {
         const QAction& entry = m_menus.Entry(row.entry);
         QAction& button = Button(row.key);
-        button.setEnabled(entry.isEnabled());
+        button.setEnabled(row.key == u"Save" ? maySave : entry.isEnabled());
         const QString keys = entry.shortcut().toString(QKeySequence::NativeText);
         button.setToolTip(keys.isEmpty() ? button.text()
                                          : QStringLiteral("%1 (%2)").arg(button.text(), keys));
     }
-    Button(QStringLiteral("Save")).setEnabled(reportsSave || states.fileSave || states.fileSaveAs);
     Button(QStringLiteral("AddPage")).setVisible(states.addPageVisible);
     HideEmptyGroups();
 }

@@ -80,7 +80,7 @@ HelpWindow::HelpWindow(Application& application, const QString& folder)
       m_search(new HelpSearchPanel(application, m_folder, m_tabs)) {
     setObjectName(QStringLiteral("frmHelp"));
     setWindowTitle(application.Translate(QStringLiteral("%1 Help"), application.Title));
-    setWindowIcon(ProgramIcon());
+    setWindowIcon(ProgramIcon(application.ViewerMode));
     // The program ends with its frame.
     setAttribute(Qt::WA_QuitOnClose, false);
     BuildPanes();

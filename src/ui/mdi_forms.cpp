@@ -36,6 +36,17 @@ void mdiSheetwright::UnloadDocument(frmSheetwright& document) {
     Refresh();
 }
 
+// One that fails keeps none of the others from opening.
+void mdiSheetwright::OpenDropped(const QStringList& paths) {
+    const QString name = QStringLiteral("DragDrop");
+    QStringList refused;
+    for (const QString& path : paths)
+        Run(name, [&] {
+            if (!m_commands->OpenFile(path)) refused << path;
+        });
+    if (!refused.isEmpty()) Run(name, [&] { m_commands->TellRefused(refused); });
+}
+
 void mdiSheetwright::Activated(FormWindow& form) {
     frmSheetwright& document = form.Document();
     m_application.CurrentTempDir = document.MyTempDir;
@@ -60,6 +71,7 @@ void mdiSheetwright::ClearPagePanel() {
 }
 
 bool mdiSheetwright::AsksToClose(FormWindow& form) {
+    const QScopedValueRollback<bool> running(m_isRunning, true);
     frmSheetwright& document = form.Document();
     const ClosingActions actions{.bringToFront = [&] { m_area->BringToFront(form); },
                                  .save = [&] { m_commands->Save(document); },

@@ -14,6 +14,7 @@
 #include "ui/frame_status_bar.h"
 #include "ui/frame_tool_bar.h"
 #include "ui/input_gate.h"
+#include "ui/late_quit.h"
 #include "ui/line_icons.h"
 #include "ui/page_buttons.h"
 #include "ui/page_view.h"
@@ -51,18 +52,17 @@ mdiSheetwright::mdiSheetwright(Application& application)
       m_status(new FrameStatusBar(application, this)) {
     setObjectName(QStringLiteral("mdiSheetwright"));
     setWindowTitle(application.Title);
-    setWindowIcon(ProgramIcon());
+    setWindowIcon(ProgramIcon(application.ViewerMode));
     setCentralWidget(m_area);
     BuildToolBar();
     BuildStatusBar();
     ConnectArea();
     if (application.ViewerMode) RemoveFunctionality();
     LoadSettings();
-    new FileDrop(*this, [this](const QStringList& paths) {
-        Run(QStringLiteral("DragDrop"), [&] { m_commands->OpenFiles(paths); });
-    });
+    new FileDrop(*this, [this](const QStringList& paths) { OpenDropped(paths); });
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &mdiSheetwright::Refresh);
+    new LateQuit(*this, [this] { return !m_isRunning && IsEnabled() && !IsBusy(); });
     application.mainWindow = this;
     Refresh();
 }
@@ -222,6 +222,7 @@ void mdiSheetwright::Recover() {
     if (FormWindow* const form = Active()) RecoverFromFailedPass(form->Document());
 }
 
+// Each change wakes the program, which then refreshes again: nothing is told what it knows already.
 void mdiSheetwright::Refresh() {
     RefreshCaptions();
     RefreshCommands();
@@ -232,7 +233,6 @@ void mdiSheetwright::RefreshCaptions() {
     for (FormWindow* const form : Forms()) {
         const bool isChanged = form->Document().Changed;
         form->setWindowTitle(MarkedCaption(form->Document().Caption));
-        // Telling the window what it knows already would wake the program again.
         if (form->isWindowModified() != isChanged) form->setWindowModified(isChanged);
     }
 }

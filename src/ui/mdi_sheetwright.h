@@ -94,6 +94,7 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     [[nodiscard]] bool AllMayClose();
     void Unload();
 
+    void OpenDropped(const QStringList& paths);
     void Activated(FormWindow& form);
     void ShowPageOf(frmSheetwright& document);
     void ClearPagePanel();

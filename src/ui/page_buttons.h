@@ -27,7 +27,7 @@ class PageButtons : public QWidget {
 
     // The box fits itself to its text, for which it has room of "000/000" at least.
     void SetBox(const QString& text);
-    // Without pages the panel hides.
+    // Enables the buttons that lead to another page.
     void SetPages(int page, int pages);
     void SetIconColour(const QColor& colour);
 

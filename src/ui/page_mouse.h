@@ -32,6 +32,8 @@ class PageMouse {
 
     // What is under way ends, and nothing is dropped.
     void Cancel();
+    // What was pressed is gone with its page.
+    void PageChanged() { m_pressed = {}; }
     [[nodiscard]] bool IsDragging() const;
 
     void BeginDrag(int mode);

@@ -169,6 +169,7 @@ void PageView::ResetZoom() {
 }
 
 void PageView::PageChanged() {
+    m_mouse->PageChanged();
     m_painting->ForgetAll();
     AccessibilityPageChanged(*this);
     update();

@@ -62,6 +62,7 @@ void SplashWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), kPaper);
     painter.drawPixmap(0, 0, m_drawing);
+    m_wasPainted = true;
 }
 
 QLabel* SplashWindow::Line(const char* name, const QString& text, int height) {

@@ -19,6 +19,8 @@ class SplashWindow : public QWidget {
     // Such as "Viewer", already translated; "Sheetwright" until then.
     void SetProductLine(const QString& text);
 
+    [[nodiscard]] bool WasPainted() const { return m_wasPainted; }
+
   protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -27,6 +29,7 @@ class SplashWindow : public QWidget {
 
     QPixmap m_drawing;
     QLabel* m_lblProductLine;
+    bool m_wasPainted = false;
 };
 
 }  // namespace sheetwright

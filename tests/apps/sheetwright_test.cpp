@@ -24,18 +24,18 @@ class SheetwrightTest : public ::testing::Test {
         for (const char* name : {"home", "run", "program"})
             root.mkdir(S(name));
         QFile::setPermissions(Path(S("run")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        for (const char* program : {"sheetwright", "sheetwright-report"})
+        for (const char* program : {"sheetwright", "sheetwright-viewer", "sheetwright-report"})
             QFile::copy(S(SHEETWRIGHT_BIN_DIR "/") + S(program), Path(S("program/") + S(program)));
         QFile::copy(S(SHEETWRIGHT_SOURCE_DIR "/share/papersizes.csv"), Path(S("program/papersizes.csv")));
     }
 
     [[nodiscard]] QString Path(const QString& name) const { return m_folder.filePath(name); }
 
-    [[nodiscard]] QString WriteForm() const {
+    [[nodiscard]] QString WriteForm(const QString& name = S("my form.aff")) const {
         FormText form;
         form.Page(S("Cover")).Field(S("Client"));
         form.Data(1, {S("Client=Marlow")});
-        QFile file(Path(S("my form.aff")));
+        QFile file(Path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(form.Bytes());
         return file.fileName();
@@ -73,10 +73,14 @@ class SheetwrightTest : public ::testing::Test {
         return isSo();
     }
 
+    [[nodiscard]] QByteArray SettingsOf(const QString& title) const {
+        QFile settings(Path(S("home/config/sheetwright/") + title + S(".ini")));
+        return settings.open(QIODevice::ReadOnly) ? settings.readAll() : QByteArray();
+    }
+
     // A window's place is stored when it is closed, if it was to be seen.
     [[nodiscard]] bool WasShown(const QString& title) const {
-        QFile settings(Path(S("home/config/sheetwright/") + title + S(".ini")));
-        return settings.open(QIODevice::ReadOnly) && settings.readAll().contains("MainWidth=");
+        return SettingsOf(title).contains("MainWidth=");
     }
 
     // As the system asks it to at the end of a session.
@@ -98,6 +102,22 @@ TEST_F(SheetwrightTest, OpensTheFormOfItsCommandLineAndTidiesUpWhenClosed) {
     EXPECT_EQ(Unpacked(), QStringList());
     EXPECT_TRUE(WasShown(S("Tolvane Quillon Sheetwright")));
     EXPECT_FALSE(QFile::exists(Path(S("program/errors.csv"))));
+}
+
+TEST_F(SheetwrightTest, OpensAllFilesOfItsCommandLineAndKeepsTheFoldersAsTheyWere) {
+    for (const char* program : {"sheetwright", "sheetwright-viewer"}) {
+        QProcess process;
+        Start(process, {S("/x"), WriteForm(S("a.AFF")), S("/IPC"), WriteForm(S("my template.aft"))}, program);
+        EXPECT_TRUE(WaitUntil(process, [this] { return Unpacked().size() == 2; })) << program;
+        Close(process);
+        EXPECT_EQ(Unpacked(), QStringList()) << program;
+    }
+    for (const char* title : {"Tolvane Quillon Sheetwright", "Tolvane Ketterlin Professional Viewer"}) {
+        const QByteArray settings = SettingsOf(S(title));
+        EXPECT_TRUE(settings.contains("a.AFF")) << "a recent form in " << title;
+        EXPECT_FALSE(settings.contains("my template.aft")) << title;
+        EXPECT_FALSE(settings.contains("folder=/")) << title;
+    }
 }
 
 TEST_F(SheetwrightTest, ReportEngineOpensItsFormHiddenAndTidiesUpWhenClosed) {

@@ -152,6 +152,41 @@ TEST_F(Merging, PicturesComeAlong) {
     EXPECT_EQ(Files().at(S("logo.bmp")), "own logo");
 }
 
+// One pixel.
+const QByteArray kBitmap = QByteArray::fromHex(
+    "424d3a00000000000000360000002800000001000000010000000100180000000000040000000000000000000000000000000000"
+    "0000"
+    "0000ff00");
+
+TEST_F(Merging, PicturesBesideATemplateComeAlong) {
+    Write(S("stamp.bmp"), kBitmap);
+    Write(S("scan.bmp"), kBitmap);
+    FormText text;
+    text.Page(S("Sheet"), {S("PrePrinted=scan.bmp|100|0|0|0|0")})
+        .Picture(S("stamp.bmp"))
+        .Picture(S("gone.bmp"));
+    EXPECT_EQ(Merge(Write(S("more.aft"), text.Bytes())).added, 1);
+    EXPECT_EQ(Files().at(S("stamp.bmp")), kBitmap);
+    EXPECT_EQ(Files().at(S("scan.bmp")), kBitmap);
+    EXPECT_FALSE(Files().contains(S("gone.bmp")));
+}
+
+TEST_F(Merging, APictureBesideATemplateGetsANewNameToo) {
+    Write(S("logo.bmp"), kBitmap);
+    FormText text = OneDesign().Picture(S("logo.bmp"));
+    EXPECT_EQ(Merge(Write(S("more.aft"), text.Bytes())).added, 1);
+    EXPECT_EQ(Files().at(S("logo.bmp")), "own logo");
+    EXPECT_EQ(Files().at(S("logo_2.bmp")), kBitmap);
+    EXPECT_TRUE(Design(2).contains(S("Picture=logo_2.bmp")));
+}
+
+TEST_F(Merging, OnlyPicturesAreTakenFromBesideATemplate) {
+    Write(S("secret.txt"), "secret");
+    FormText text = OneDesign().Picture(S("secret.txt"));
+    EXPECT_EQ(Merge(Write(S("more.aft"), text.Bytes())).added, 1);
+    EXPECT_FALSE(Files().contains(S("secret.txt")));
+}
+
 TEST_F(Merging, APictureThatTheFormHasIsShared) {
     const std::map<QString, QByteArray> files = Files();
     const QString path =

@@ -375,6 +375,15 @@ TEST_F(RemovingPages, OnlyAReportHostIsToldAndOnlyWhenTheNumberChanged) {
     EXPECT_EQ(m_ui.hostLines, QStringList{S("EVENT: PAGECHANGE")});
 }
 
+TEST_F(RemovingPages, TheHostIsToldOfAPageThatWentBeforeAFormulaFailed) {
+    m_document.memory.AppendFormulas(2, S("SETME(IF(\"x\",1,2))"), S("f2"));
+    m_application->ReportMode = true;
+    m_document.DataPageNum = 3;
+    EXPECT_EQ(FailureOf([&] { mnuPageRemove_Click(m_document); }), 13);
+    EXPECT_EQ(m_document.DataPageNum, 2);
+    EXPECT_EQ(m_ui.hostLines, QStringList{S("EVENT: PAGECHANGE")});
+}
+
 class ListingPages : public AddingPages {};
 
 TEST_F(ListingPages, RowsTellNumberAndTitleOfTheDesign) {

@@ -4,8 +4,8 @@
 #include <QStandardPaths>
 
 #ifdef SHEETWRIGHT_WIDGET_TESTS
-#include <QApplication>
-using TestApplication = QApplication;
+#include "ui/guarded_application.h"
+using TestApplication = sheetwright::GuardedApplication;
 #else
 #include <QGuiApplication>
 using TestApplication = QGuiApplication;
@@ -18,6 +18,9 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleMock(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     TestApplication application(argc, argv);
+#ifdef SHEETWRIGHT_WIDGET_TESTS
+    application.Escaped = [] { throw; };
+#endif
     QStandardPaths::setTestModeEnabled(true);
     return RUN_ALL_TESTS();
 }

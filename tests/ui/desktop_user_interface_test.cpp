@@ -209,6 +209,20 @@ TEST_F(DesktopUserInterfaceTest, PrinterDialogWithoutPrintersIsCancelled) {
     EXPECT_EQ(FailureOf([&] { m_desktop.ShowPrinter(dialog); }), 32755);
 }
 
+TEST_F(DesktopUserInterfaceTest, PersonIsToldThatThereIsNoPrinter) {
+    LazyPrinters printers(*m_application);
+    ASSERT_EQ(printers.Count(), 0);
+    m_desktop.UsePrinters(printers);
+    QString told;
+    Then([&] {
+        told = Shown<QMessageBox>()->text();
+        QTest::keyClick(Shown<QMessageBox>(), Qt::Key_Escape);
+    });
+    PrinterDialog dialog;
+    EXPECT_EQ(FailureOf([&] { m_desktop.ShowPrinter(dialog); }), 32755);
+    EXPECT_EQ(told, S("No printer is installed."));
+}
+
 TEST(NameFilters, AreWordsAndPatternsInBrackets) {
     EXPECT_THAT(NameFilters(S("Pictures (*.png)|*.png;*.bmp|All Files (*.*)|*.*|Bare")),
                 ElementsAre(S("Pictures (*.png *.bmp)"), S("All Files (*)"), S("Bare (*)")));

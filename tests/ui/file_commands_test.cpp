@@ -1,6 +1,7 @@
 // New, Open, Save As, the recent files, and files dropped on the frame.
 
 #include "core/folders.h"
+#include "document/recent_files.h"
 #include "mdi_sheetwright_test.h"
 #include "ui/file_drop.h"
 
@@ -14,6 +15,7 @@ namespace sheetwright {
 
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -54,6 +56,7 @@ TEST_F(FileCommandsTest, NewShowsTemplatesAndOpensOne) {
     EXPECT_EQ(m_frame->Active()->Document().Caption, S("(Untitled)"));
     EXPECT_EQ(TemplateFolder(*m_application), Path(S("templates")) + u'/');
     EXPECT_THAT(Recent(), IsEmpty()) << "a template is no recent form";
+    EXPECT_THAT(WelcomeRecentFiles(*m_application), IsEmpty());
 }
 
 TEST_F(FileCommandsTest, OtherFilesThanFormsOpenNothing) {
@@ -168,6 +171,16 @@ TEST_F(FileCommandsTest, DroppedFormsAndTemplatesOpen) {
                                 QUrl::fromLocalFile(Write(S("b.AFT"), TwoPages()))}));
     EXPECT_EQ(Count(), 2U);
     EXPECT_THAT(m_ui.messages, IsEmpty());
+}
+
+TEST_F(FileCommandsTest, DroppedFormThatCantBeReadKeepsNoOtherFromOpening) {
+    EXPECT_TRUE(Drop(*m_frame, {QUrl::fromLocalFile(Write(S("a.txt"), "text")),
+                                QUrl::fromLocalFile(Write(S("a.aff"), QByteArray())),
+                                QUrl::fromLocalFile(Write(S("b.aff"), TwoPages()))}));
+    ASSERT_EQ(Count(), 1U);
+    EXPECT_EQ(m_frame->Active()->Document().Caption, S("b.aff"));
+    EXPECT_THAT(m_ui.MessageTexts(), Contains(S("Corrupt form file. Cannot continue.")));
+    EXPECT_EQ(m_ui.messages.back().text, S("Only forms and templates can be opened here:\na.txt"));
 }
 
 TEST_F(FileCommandsTest, FileDroppedOnAFieldIsNoText) {

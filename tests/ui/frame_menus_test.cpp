@@ -198,8 +198,8 @@ TEST(IsAllowed, EachRuleLooksAtItsOwnState) {
                             .page = true,
                             .addPageVisible = true};
     for (const CommandRule rule :
-         {CommandRule::Form, CommandRule::Close, CommandRule::Save, CommandRule::SaveAs, CommandRule::Print,
-          CommandRule::Edit, CommandRule::Pages, CommandRule::Undo}) {
+         {CommandRule::Form, CommandRule::Save, CommandRule::SaveAs, CommandRule::Print, CommandRule::Edit,
+          CommandRule::Pages, CommandRule::Undo}) {
         EXPECT_FALSE(IsAllowed(rule, {.commands = none, .mayChange = true, .canUndo = true}));
         EXPECT_TRUE(IsAllowed(rule, {.commands = all, .mayChange = true, .canUndo = true}));
     }

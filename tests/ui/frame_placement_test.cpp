@@ -40,13 +40,19 @@ TEST_F(FramePlacementTest, RemembersItsPlaceAndItsTick) {
 }
 
 TEST_F(FramePlacementTest, FrameMinimisedWhenClosedKeepsTheStoredPlace) {
-    m_frame->setGeometry(20, 30, 500, 400);
+    m_frame->move(20, 30);
+    m_frame->resize(500, 400);
     m_frame->close();
-    m_frame->setGeometry(0, 0, 700, 600);
+    m_frame->move(0, 0);
+    m_frame->resize(700, 600);
     m_frame->showMinimized();
+    Do("mnuOptionsBlank");
     m_frame->close();
-    EXPECT_EQ(m_application->settings.Read(m_application->Title, S("mdiSheetwright"), S("MainWidth")),
-              S("7500"));
+    EXPECT_EQ(Setting("MainLeft"), S("300"));
+    EXPECT_EQ(Setting("MainTop"), S("450"));
+    EXPECT_EQ(Setting("MainWidth"), S("7500"));
+    EXPECT_EQ(Setting("MainHeight"), S("6000"));
+    EXPECT_EQ(Setting("BlankSelected"), S("True")) << "only the place is left alone";
 }
 
 TEST_F(FramePlacementTest, StoredPlaceOffTheScreenIsBroughtBack) {
@@ -67,6 +73,14 @@ TEST_F(FramePlacementTest, NonsenseIsAFirstStart) {
             Restart();
             EXPECT_EQ(m_frame->size(), first) << key << ' ' << nonsense;
         }
+}
+
+TEST_F(FramePlacementTest, FrameOfALargerScreenFitsWithItsTitle) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    Store("MainWidth", S("100000"));
+    Store("MainHeight", S("100000"));
+    Restart();
+    EXPECT_EQ(m_frame->size(), QSize(screen.width(), screen.height() - 30));
 }
 
 TEST_F(FramePlacementTest, TinyFrameIsMadeUsable) {

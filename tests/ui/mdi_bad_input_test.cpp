@@ -1,5 +1,6 @@
 // Files that change, vanish or can't be written while they are open in the frame.
 
+#include "core/atomic_file.h"
 #include "mdi_sheetwright_test.h"
 
 #include <QDir>
@@ -140,6 +141,56 @@ TEST_F(MdiBadInputTest, FormThatCameWithoutPermissionToWriteIsSavedUnderAnotherN
     Do("Save");
     EXPECT_TRUE(IsSaved("copy.aff"));
     EXPECT_EQ(Read(S("form.aff")), TwoPages());
+}
+
+TEST_F(MdiBadInputTest, FormThatBecomesReadOnlyIsSavedUnderAnotherName) {
+    FormWindow* const form = OpenChanged();
+    QFile::setPermissions(Path(S("form.aff")), QFile::ReadOwner | QFile::ReadUser);
+    Do("mnuFileSave");
+    EXPECT_EQ(m_ui.messages,
+              (std::vector{ShownMessage{S("Error code 75"), m_application->Title, MessageIcon::Critical}}));
+    EXPECT_TRUE(form->Document().Changed);
+    EXPECT_EQ(Read(S("form.aff")), TwoPages());
+    Choose(Path(S("copy.aff")));
+    Do("mnuFileSaveAs");
+    EXPECT_TRUE(IsSaved("copy.aff"));
+    EXPECT_FALSE(form->Document().Changed);
+}
+
+TEST_F(MdiBadInputTest, FormThatAnotherProgramIsSavingStaysChanged) {
+    FormWindow* const form = OpenChanged();
+    const NewFile unfinished(Path(S("form.aff 2")));
+    ASSERT_TRUE(TryHoldFile(unfinished.Handle()));
+    Do("mnuFileSave");
+    EXPECT_EQ(m_ui.messages,
+              (std::vector{ShownMessage{S("Error code 70"), m_application->Title, MessageIcon::Critical}}));
+    EXPECT_TRUE(form->Document().Changed);
+    EXPECT_TRUE(QFile::exists(Path(S("form.aff 2"))));
+}
+
+TEST_F(MdiBadInputTest, SaveAsOntoAReadOnlyFileKeepsBoth) {
+    FormWindow* const form = OpenChanged();
+    QFile::setPermissions(Write(S("other.aff"), "theirs"), QFile::ReadOwner | QFile::ReadUser);
+    Choose(Path(S("other.aff")));
+    Do("mnuFileSaveAs");
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList(S("Error code 75")));
+    EXPECT_EQ(Read(S("other.aff")), "theirs");
+    EXPECT_TRUE(form->Document().Changed);
+}
+
+TEST_F(MdiBadInputTest, SaveAsOnAFullDiskLeavesNoFile) {
+    FormWindow* const form = OpenChanged();
+    Choose(Path(S("copy.aff")));
+    {
+        const FullDisk full;
+        Do("mnuFileSaveAs");
+    }
+    EXPECT_FALSE(QFile::exists(Path(S("copy.aff"))));
+    EXPECT_FALSE(QFile::exists(Path(S("copy.aff 2"))));
+    EXPECT_EQ(Read(S("form.aff")), TwoPages());
+    EXPECT_TRUE(form->Document().Changed);
+    Do("mnuFileSave");
+    EXPECT_TRUE(IsSaved("copy.aff"));
 }
 
 TEST_F(MdiBadInputTest, FilesThatAreNoFormsOpenNothingAndLeaveNothing) {

@@ -19,6 +19,21 @@ class MdiClosingTest : public MdiSheetwrightTest {
         Type(*Open(S("second.aff")), S("Finch"));
         m_ui.messages.clear();
     }
+
+    // As the system does.
+    static void AskToEnd() {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+    }
+
+    // Until the program ends.
+    static int Loop() {
+        constexpr int kPatience = 30'000;  // milliseconds
+        QTimer patience;
+        patience.callOnTimeout([] { QCoreApplication::exit(EXIT_FAILURE); });
+        patience.start(kPatience);
+        return QApplication::exec();
+    }
 };
 
 TEST_F(MdiClosingTest, UnchangedFormClosesWithoutAQuestion) {
@@ -180,6 +195,49 @@ TEST_F(MdiClosingTest, ClosedFrameLeavesNoTemporaryFolders) {
     m_ui.answers = {MessageAnswer::No, MessageAnswer::No};
     m_frame->close();
     EXPECT_FALSE(QDir(folder).exists());
+}
+
+TEST_F(MdiClosingTest, ProgramAskedToEndWithinACommandEndsBehindIt) {
+    Open(S("form.aff"));
+    m_frame->Run(S("Command"), [this] {
+        AskToEnd();
+        EXPECT_TRUE(m_frame->isVisible());
+    });
+    EXPECT_EQ(Loop(), EXIT_SUCCESS);
+    EXPECT_FALSE(m_frame->isVisible());
+}
+
+TEST_F(MdiClosingTest, ProgramAskedToEndWhileItAsksAboutAFormAsksAgain) {
+    Type(*OpenTemplate(S("form.aft")), S("Finch"));
+    m_ui.answers = {MessageAnswer::Yes, MessageAnswer::No};
+    m_ui.onFileDialog = [this](FileDialog&) {
+        AskToEnd();
+        EXPECT_EQ(m_ui.messages.size(), 1U);
+        throw Failure(failure::kCancelled);
+    };
+    Do("mnuFileExit");
+    EXPECT_TRUE(m_frame->isVisible());
+    EXPECT_EQ(Loop(), EXIT_SUCCESS);
+    EXPECT_FALSE(m_frame->isVisible());
+    EXPECT_EQ(m_ui.messages.size(), 2U);
+}
+
+TEST_F(MdiClosingTest, WhoCancelsTheEndOfTheProgramIsNotAskedAgain) {
+    Type(*Open(S("form.aff")), S("Finch"));
+    m_ui.answers = {MessageAnswer::Cancel, MessageAnswer::Cancel};
+    AskToEnd();
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(EXIT_FAILURE); });
+    QApplication::exec();
+    EXPECT_TRUE(m_frame->isVisible());
+    EXPECT_EQ(m_ui.messages.size(), 1U);
+}
+
+TEST_F(MdiClosingTest, EndOfTheProgramIsNoClickOnTheCloseBox) {
+    m_frame->NoClose = true;
+    QTimer::singleShot(0, qApp, AskToEnd);
+    EXPECT_EQ(Loop(), EXIT_SUCCESS);
+    EXPECT_FALSE(m_frame->isMinimized());
+    EXPECT_FALSE(m_frame->isVisible());
 }
 
 TEST_F(MdiClosingTest, NothingOfAClosedFormIsLeftInTheFrame) {

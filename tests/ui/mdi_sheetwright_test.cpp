@@ -1,6 +1,7 @@
 #include "mdi_sheetwright_test.h"
 
 #include "document/page.h"
+#include "ui/form_area.h"
 #include "ui/page_view.h"
 #include "ui/status_panel.h"
 
@@ -60,6 +61,21 @@ TEST_F(MdiSheetwrightTest, TemplateOpensWithoutANameAndCanOnlyBeSavedUnderANewOn
     EXPECT_THAT(Action("mnuFileSaveAs")->shortcuts(), ::testing::Contains(QKeySequence(QKeySequence::Save)));
 }
 
+// Each change would wake the program, which brings the frame up to date before it waits.
+TEST_F(MdiSheetwrightTest, FrameThatIsUpToDateChangesNothing) {
+    for (FormWindow* const form : {Open(S("form.aff")), OpenTemplate(S("form.aft"))}) {
+        m_frame->Area().BringToFront(*form);
+        m_frame->Refresh();
+        QStringList changed;
+        const QObject watch;
+        for (const QAction* const action : m_frame->findChildren<QAction*>())
+            QObject::connect(action, &QAction::changed, &watch,
+                             [&changed, action] { changed << action->objectName(); });
+        m_frame->Refresh();
+        EXPECT_THAT(changed, IsEmpty());
+    }
+}
+
 TEST_F(MdiSheetwrightTest, MissingFileIsToldAndOpensNothing) {
     m_frame->DialogFileName = Path(S("nothing.aff"));
     m_frame->OpenFromDialogSlot();
@@ -75,6 +91,14 @@ TEST_F(MdiSheetwrightTest, CorruptFormLeavesNoWindow) {
     EXPECT_EQ(m_ui.messages.back(), (ShownMessage{S("Corrupt form file. Cannot continue."), S("Load form"),
                                                   MessageIcon::Critical}));
     EXPECT_TRUE(m_frame->IsEnabled());
+}
+
+TEST_F(MdiSheetwrightTest, FormIsNoneOfTheOpenOnesWhenItsEndIsTold) {
+    FormWindow* const form = Open(S("form.aff"));
+    std::vector<std::size_t> open;
+    m_frame->Area().Changed = [&] { open.push_back(m_frame->Forms().size()); };
+    m_frame->UnloadDocument(form->Document());
+    EXPECT_THAT(open, ::testing::AllOf(::testing::Not(IsEmpty()), ::testing::Each(0U)));
 }
 
 TEST_F(MdiSheetwrightTest, CorruptFormLeavesTheOthersAsTheyAre) {
@@ -114,6 +138,16 @@ TEST_F(MdiSheetwrightTest, CurrentTempDirFollowsTheFormInFront) {
     m_frame->findChild<QMdiArea*>()->setActiveSubWindow(static_cast<QMdiSubWindow*>(first->parentWidget()));
     EXPECT_EQ(m_frame->Active(), first);
     EXPECT_EQ(m_application->CurrentTempDir, first->Document().MyTempDir);
+}
+
+TEST_F(MdiSheetwrightTest, PagePanelAndBoxTellOfTheFormInFront) {
+    FormWindow* const first = Open(S("first.aff"));
+    Click("cmd_nextpage");
+    Open(S("second.aff"));
+    EXPECT_EQ(m_frame->PagePanel(), S("1/2 - Cover "));
+    m_frame->Area().BringToFront(*first);
+    EXPECT_EQ(m_frame->PagePanel(), S("2/2 - Results "));
+    EXPECT_EQ(PageBox(), S("2/2"));
 }
 
 TEST_F(MdiSheetwrightTest, ChangedFormIsMarkedAndSaved) {
@@ -291,8 +325,13 @@ TEST_F(MdiSheetwrightTest, WindowsAreArranged) {
 }
 
 TEST_F(MdiSheetwrightTest, OptionsToggleWithoutAForm) {
-    Do("mnuOptionsBlank");
-    EXPECT_TRUE(m_frame->IsBlankTicked());
+    for (const char* option : {"mnuOptionsSelected", "mnuOptionsBlank"}) {
+        Do(option);
+        EXPECT_TRUE(Action(option)->isChecked()) << option;
+        Do(option);
+        EXPECT_FALSE(Action(option)->isChecked()) << option;
+    }
+    EXPECT_THAT(m_frame->Forms(), IsEmpty());
     EXPECT_THAT(m_ui.messages, IsEmpty());
 }
 

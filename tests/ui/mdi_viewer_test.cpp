@@ -1,6 +1,7 @@
 #include "document/closing.h"
 #include "document/page.h"
 #include "mdi_sheetwright_test.h"
+#include "ui/line_icons.h"
 #include "ui/page_view.h"
 
 namespace sheetwright {
@@ -23,6 +24,11 @@ TEST_F(MdiViewerTest, HidesWhatChangesForms) {
         EXPECT_FALSE(Action(name)->isEnabled()) << name;
     EXPECT_FALSE(m_frame->findChild<QMenu*>(S("mnuPage"))->menuAction()->isVisible());
     EXPECT_TRUE(Action("mnuFileOpen")->isVisible());
+}
+
+TEST_F(MdiViewerTest, BearsTheEmblemOfTheViewer) {
+    constexpr QSize kSize(64, 64);
+    EXPECT_EQ(m_frame->windowIcon().pixmap(kSize).toImage(), ProgramIcon(true).pixmap(kSize).toImage());
 }
 
 TEST_F(MdiViewerTest, TurnsPages) {

@@ -50,6 +50,14 @@ TEST_F(PageMouseTest, ClickOnACheckBoxGoesThroughItsStates) {
     EXPECT_TRUE(View().hasFocus());
 }
 
+TEST_F(PageMouseTest, ReleaseOnAnotherPageThanThePressIsNoClick) {
+    OpenForm();
+    QTest::mousePress(&View(), Qt::LeftButton, {}, CentreOfCheck(1));
+    LoadPage(Document());
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, CentreOfCheck(1));
+    EXPECT_EQ(CheckState(), S("0"));
+}
+
 TEST_F(PageMouseTest, DoubleClickOnACheckBoxIsTwoClicks) {
     OpenForm();
     Click(CentreOfCheck(1));

@@ -63,6 +63,7 @@ TEST_F(SplashWindowTest, TheStartLoadsItWithItsLineAndClosesIt) {
     EXPECT_FALSE(Shown()->isVisible()) << "not shown yet";
     start.ShowSplash();
     EXPECT_TRUE(Shown()->isVisible());
+    EXPECT_TRUE(Shown()->WasPainted());
     EXPECT_EQ(Text(*Shown(), "lblProductLine"), S("Viewer"));
     start.CloseSplash();
     EXPECT_EQ(Shown(), nullptr);
