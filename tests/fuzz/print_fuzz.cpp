@@ -6,12 +6,8 @@
 #include "print/form_surfaces.h"
 #include "print/picture_surface.h"
 #include "print/print_job.h"
-#include "support/fuzz_workplace.h"
+#include "support/fuzz_drawing_place.h"
 #include "support/recording_printer.h"
-
-#include <QFile>
-#include <QGuiApplication>
-#include <QImage>
 
 #include <algorithm>
 #include <cstdint>
@@ -19,31 +15,6 @@
 using namespace sheetwright;
 
 namespace {
-
-// Fonts need one, and it must outlive them.
-QGuiApplication& GuiApplication() {
-    static int count = 1;
-    static char name[] = "print_fuzz";
-    static char* names[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QGuiApplication application(count, names);
-    return application;
-}
-
-// With a picture beside the form.
-class Workplace : public FuzzWorkplace {
-  public:
-    Workplace() {
-        QImage image(3, 2, QImage::Format_RGB32);
-        image.fill(Qt::blue);
-        Require(image.save(Folder() + QStringLiteral("logo.png")));
-        WriteFile(QStringLiteral("papersizes.csv"),
-                  "PAPERSIZE,ORIENTATION,WIDTH,HEIGHT\r\n9,1,11906,16838\r\n9,2,16838,11906\r\n");
-        TheApplication().LoadPaperTable();
-    }
-
-    void ForgetLog() { QFile::remove(TheApplication().LogFolder + QStringLiteral("errors.csv")); }
-};
 
 // A form may have thousands of pages.
 std::int16_t LastPage(const frmSheetwright& document) {
@@ -70,8 +41,8 @@ void DrawOnPrinter(ReadDocument& document) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    GuiApplication();
-    static Workplace workplace;
+    FuzzGuiApplication();
+    static FuzzDrawingPlace workplace;
     workplace.WriteFile(QStringLiteral("form.aff"),
                         QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     Ignoring([&] {
