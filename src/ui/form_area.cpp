@@ -40,7 +40,8 @@ FormArea::~FormArea() {
 
 FormWindow* FormArea::Active() const {
     const std::vector<FormWindow*> forms = Forms();
-    if (std::ranges::find(forms, m_active.data()) != forms.end()) return m_active;
+    const auto active = std::ranges::find_if(forms, [this](const QObject* form) { return form == m_active; });
+    if (active != forms.end()) return *active;
     return forms.empty() ? nullptr : forms.back();
 }
 
@@ -114,12 +115,14 @@ void FormArea::Activate(QMdiSubWindow* window) {
         if (Changed) Changed();
         return;
     }
-    m_active = &FormIn(*window);
-    if (Activated) Activated(*m_active);
+    FormWindow& form = FormIn(*window);
+    m_active = &form;
+    if (Activated) Activated(form);
 }
 
 // Its window may still be about to go: who waits until messages were pumped waits behind that.
 void FormArea::Forget(QObject* form) {
+    if (m_active == form) m_active = nullptr;
     const bool wasClosed = m_closing.erase(form) > 0;
     if (Changed) Changed();
     if (wasClosed && Closed)

@@ -3,7 +3,6 @@
 // The part of the frame in which the open forms are, each in a child window.
 
 #include <QMdiArea>
-#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -49,7 +48,8 @@ class FormArea : public QMdiArea {
     void Activate(QMdiSubWindow* window);
     void Forget(QObject* form);
 
-    QPointer<FormWindow> m_active;
+    // Compared only: it may be a form that is just being destroyed.
+    const QObject* m_active = nullptr;
     std::set<const QObject*> m_closing;
     bool m_isClosingAll = false;
 };
