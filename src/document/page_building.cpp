@@ -14,6 +14,7 @@
 #include "fields/editing_entry.h"
 #include "fields/navigation.h"
 #include "print/form_surfaces.h"
+#include "print/screen_drawing.h"
 
 #include <QScopeGuard>
 
@@ -37,26 +38,6 @@ struct KindMaking {
 constexpr KindMaking kKinds[] = {
     {kPageKind, MakePage}, {u"FRAM", MakeFrame}, {u"LINE", MakeLine},     {u"SHAP", MakeShape},
     {u"LABE", MakeLabel},  {u"FIEL", MakeField}, {u"CHEC", MakeCheckBox}, {u"PICT", MakePicture},
-};
-
-// The printer's offsets, which the last print job left behind, must not shift what is painted on the page.
-class WithoutPrintAdjust {
-  public:
-    explicit WithoutPrintAdjust(PrintState& state)
-        : m_state(state),
-          m_x(std::exchange(state.PrintXAdjust, 0.0F)),
-          m_y(std::exchange(state.PrintYAdjust, 0.0F)) {}
-    ~WithoutPrintAdjust() {
-        m_state.PrintXAdjust = m_x;
-        m_state.PrintYAdjust = m_y;
-    }
-    WithoutPrintAdjust(const WithoutPrintAdjust&) = delete;
-    WithoutPrintAdjust& operator=(const WithoutPrintAdjust&) = delete;
-
-  private:
-    PrintState& m_state;
-    float m_x;
-    float m_y;
 };
 
 // The hourglass, unless the document works quietly.
@@ -213,7 +194,7 @@ void MakeForm(frmSheetwright& document, QStringView kind, const Bag& bag) {
     const auto* const known =
         std::ranges::find_if(kKinds, [&](const KindMaking& making) { return making.kind == kind; });
     if (known == std::end(kKinds)) return;
-    const WithoutPrintAdjust unshifted(document.application.printing);
+    const ScreenDrawing drawing(document.application.printing);
     known->make(document, bag);
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/application.h"
 #include "core/window_place.h"
+#include "print/units.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -10,8 +11,6 @@
 namespace sheetwright {
 
 namespace {
-
-constexpr double kTwipsPerPixel = 15;
 
 QString Section() {
     return QStringLiteral("mdiSheetwright");
@@ -22,12 +21,12 @@ QString MaximisedKey() {
 }
 
 WindowPlace InTwips(const QRect& place) {
-    return {place.x() * kTwipsPerPixel, place.y() * kTwipsPerPixel, place.width() * kTwipsPerPixel,
-            place.height() * kTwipsPerPixel};
+    return {place.x() * kTwipsPerScreenPixel, place.y() * kTwipsPerScreenPixel,
+            place.width() * kTwipsPerScreenPixel, place.height() * kTwipsPerScreenPixel};
 }
 
 int Pixels(double twips) {
-    return qRound(twips / kTwipsPerPixel);
+    return qRound(twips / kTwipsPerScreenPixel);
 }
 
 // The main one first.
