@@ -5,6 +5,7 @@
 #include "document/form_archive.h"
 #include "document/form_reader.h"
 #include "document/page.h"
+#include "fields/editing.h"
 #include "print/design_cache.h"
 #include "print/fonts.h"
 #include "print/form_surfaces.h"
@@ -39,9 +40,16 @@ void LoadPage(frmSheetwright& document) {
 }
 
 void RecoverFromFailedPass(frmSheetwright& document) {
-    if (document.InterruptedPage == 0) return;
-    document.DataPageNum = std::exchange(document.InterruptedPage, std::int16_t{0});
+    const bool isRunning = document.Importing && document.Busy > 0;  // it shows a message, and goes on
+    if (document.InterruptedPage == 0 && (isRunning || !document.Importing)) return;
+    if (document.InterruptedPage != 0)
+        document.DataPageNum = std::exchange(document.InterruptedPage, std::int16_t{0});
     document.application.ui.HideProgress();
+    if (isRunning) return;
+    document.Importing = false;
+    document.CurrentRecord = -1;
+    document.DriverData.SetFileName({});
+    HighlightBlanks(document);
 }
 
 void UnpackAndRead(frmSheetwright& document) {

@@ -90,9 +90,9 @@ class frmSheetwright {
 void SavePage(frmSheetwright& document);
 void LoadPage(frmSheetwright& document);
 
-// After a recalculation failed half way: the page on screen is the current page again and the progress bar is
-// gone. Whoever catches such a failure and lets the document live calls it, before anything saves the page on
-// screen.
+// After a recalculation or an import failed half way: the page on screen is the current page again, nothing
+// is being imported, the progress bar is gone. Whoever catches such a failure and lets the document live
+// calls it, before anything saves the page on screen.
 void RecoverFromFailedPass(frmSheetwright& document);
 
 // The form that the tag names comes into memory: temporary directory, unpacking, reading. Raises what

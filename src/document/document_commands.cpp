@@ -9,6 +9,7 @@
 #include "document/form_writer.h"
 #include "document/page_data.h"
 #include "fields/editing.h"
+#include "fields/maintainable_lists.h"
 #include "fields/navigation.h"
 
 #include <QFile>
@@ -57,6 +58,7 @@ void TellCorrupt(Application& application, const QString& path, const Failure& f
 
 void ShowFirstPage(frmSheetwright& document) {
     const BusyDocument busy(document.Busy);
+    SheetwrightLoadLists(document);
     UsePageOnScreen(document);
     ConnectEntry(document);
     LoadPage(document);

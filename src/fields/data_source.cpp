@@ -11,21 +11,21 @@ namespace sheetwright {
 
 namespace {
 
-bool IsAlike(QStringView one, QStringView other) {
+bool StandsFor(QStringView alternative, QStringView name) {
+    if (IsSameSource(alternative, name)) return true;
+    const qsizetype comma = name.indexOf(u',');
+    return comma >= 0 && alternative.startsWith(u"*,") &&
+           IsSameSource(alternative.sliced(2), name.sliced(comma + 1));
+}
+
+}  // namespace
+
+bool IsSameSource(QStringView one, QStringView other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(), [](QChar left, QChar right) {
         if (IsSeparator(left)) return IsSeparator(right);
         return CaseInsensitiveHash::Folded(left) == CaseInsensitiveHash::Folded(right);
     });
 }
-
-bool StandsFor(QStringView alternative, QStringView name) {
-    if (IsAlike(alternative, name)) return true;
-    const qsizetype comma = name.indexOf(u',');
-    return comma >= 0 && alternative.startsWith(u"*,") &&
-           IsAlike(alternative.sliced(2), name.sliced(comma + 1));
-}
-
-}  // namespace
 
 bool CmpDataSource(QStringView dataSource, QStringView name) {
     std::vector<QStringView> alternatives = StatementsOf(dataSource);

@@ -12,4 +12,7 @@ namespace sheetwright {
 // alternative other than the first is not seen.
 [[nodiscard]] bool CmpDataSource(QStringView dataSource, QStringView name);
 
+// Whether two names are the same when case does not count and "/" and "\" are alike.
+[[nodiscard]] bool IsSameSource(QStringView one, QStringView other);
+
 }  // namespace sheetwright

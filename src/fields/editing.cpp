@@ -9,6 +9,7 @@
 #include "fields/editing_elements.h"
 #include "fields/editing_entry.h"
 #include "fields/editing_text.h"
+#include "fields/maintainable_lists.h"
 #include "fields/navigation.h"
 
 #include <utility>
@@ -84,6 +85,7 @@ void ConnectEntry(frmSheetwright& document) {
         if (KeyCode == key::kPageUp || KeyCode == key::kPageDown) KeyCode = 0;
     };
     entry.KeyPress = [&document](std::int16_t& KeyAscii) { Entry_KeyPress(document, KeyAscii); };
+    entry.Click = [&document] { FillFromList(document); };
 }
 
 void Entries_GotFocus(frmSheetwright& document, int number) {

@@ -11,8 +11,8 @@ namespace sheetwright {
 
 class frmSheetwright;
 
-// Connects the editor's events (page keys, Escape, Backspace in a date). Once for each document, with its
-// page.
+// Connects the editor's events (page keys, Escape, Backspace in a date, the choice of an item). Once for each
+// document, with its page.
 void ConnectEntry(frmSheetwright& document);
 
 // A text element gets the focus: what is edited is left, and the editor takes its place, unless forms are
@@ -41,7 +41,8 @@ void Bitmaps_DblClick(frmSheetwright& document, int number);
 
 // The colours of the selected field, by the settings of the user; then the blank ones.
 void UpdateColors(frmSheetwright& document);
-// Text fields without a text take the colour for blanks, if that is wanted; all others are white.
+// Text fields without a text take the colour for blanks, if that is wanted and no import is running; all
+// others are white.
 void HighlightBlanks(frmSheetwright& document);
 
 }  // namespace sheetwright

@@ -71,7 +71,7 @@ void UpdateColors(frmSheetwright& document) {
 
 void HighlightBlanks(frmSheetwright& document) {
     const Application& application = document.application;
-    const bool marksBlanks = application.mainWindow->IsBlankTicked();
+    const bool marksBlanks = application.mainWindow->IsBlankTicked() && !document.Importing;
     const Colour blankColour =
         marksBlanks ? ColourSetting(application, QStringLiteral("BlankBackColor")).value_or(kRed) : kWhite;
     ElementRef element{ElementKind::Entry, 0};

@@ -4,21 +4,12 @@
 #include "core/failure.h"
 #include "core/folders.h"
 #include "core/paths.h"
+#include "fields/list_source.h"
 #include "fields/usr_entry.h"
 #include "formula/value_conversion.h"
 #include "import/csv_table.h"
 
 namespace sheetwright {
-
-namespace {
-
-// By number when the field reads as one, otherwise by name. Raises 9, 5 and 6 for what is no column.
-CsvColumn& ColumnOf(CsvTable& table, const Value& column, const Conventions& conventions) {
-    const double* const number = std::get_if<double>(&column);
-    return number ? table.Columns().At(ToInt32(*number)) : table.Columns().At(TextOf(column, conventions));
-}
-
-}  // namespace
 
 void usrEntry::SetAttachedList(const QString& text) {
     m_attachedList = text;
@@ -30,13 +21,12 @@ void usrEntry::SetAttachedList(const QString& text) {
 
 void usrEntry::AddListFile(QStringView list) {
     const Conventions& conventions = m_application.conventions;
-    const QString name = TextOf(GetCsvField(list, 1, conventions), conventions);
-    const QString path = ListFolder(m_application) + name + QStringLiteral(".csv");
+    const QString path = ListPathOf(ListFolder(m_application), list, conventions);
     if (!FileExists(path)) return;
     m_list = std::make_unique<CsvTable>();
     Ignoring([&] { m_list->SetFileName(path); });
     const CsvColumn* column = nullptr;
-    Ignoring([&] { column = &ColumnOf(*m_list, GetCsvField(list, 2, conventions), conventions); });
+    Ignoring([&] { column = &ListColumnOf(*m_list, list, conventions); });
     for (; !m_list->AtEnd(); m_list->MoveNext())
         if (column != nullptr) AddItem(column->Value());
 }

@@ -1,4 +1,5 @@
 #include "core/application.h"
+#include "core/contained_name.h"
 #include "core/error_log.h"
 #include "core/failure.h"
 #include "core/folders.h"
@@ -30,16 +31,18 @@ struct KeyColumn {
 constexpr qint64 kWorkOfOneRecord = 10;
 
 // A table would take a file that is not there for an empty one, which is a failure here.
-void OpenList(CsvTable& list, const QString& path) {
+void OpenList(CsvTable& list, const QString& name, const QString& path) {
+    if (!IsContainedName(name)) throw Failure(failure::kBadFileName);
     if (!FileExists(path)) throw Failure(failure::kFileNotFound);
     list.SetFileName(path);
 }
 
 // Whether the list is open. A list that can't be opened is logged, and the log's own failure is of no
 // interest.
-bool OpenListOrLog(Evaluator& evaluator, CsvTable& list, const QString& path) {
+bool OpenListOrLog(Evaluator& evaluator, CsvTable& list, const QString& name) {
+    const QString path = ListFolder(evaluator.Context().application) + QStringLiteral("Lists\\") + name;
     evaluator.Charge(kWorkOfOneFile);
-    const std::optional<Failure> caught = Suppressing([&] { OpenList(list, path); });
+    const std::optional<Failure> caught = Suppressing([&] { OpenList(list, name, path); });
     evaluator.Charge(kWorkOfOneRecord * list.RecordCount());
     if (!caught) return true;
     evaluator.NoteSideEffect();
@@ -93,8 +96,7 @@ Value FListLookup(Evaluator& evaluator, QStringView arguments) {
     const QString otherwise = reader.NextText();
 
     CsvTable list;
-    if (!OpenListOrLog(evaluator, list, ListFolder(application) + QStringLiteral("Lists\\") + name))
-        return otherwise;
+    if (!OpenListOrLog(evaluator, list, name)) return otherwise;
     const std::vector<KeyPair> pairs = ReadKeyPairs(reader);
     return FindRecord(list, pairs, application) ? list.Columns().At(returnField).Value() : otherwise;
 }

@@ -22,7 +22,9 @@ bool RunsNow(const frmSheetwright& document, const QString& formula) {
 }
 
 bool IsOfRecord(const frmSheetwright& document, const FieldRecord& field) {
-    return document.CurrentRecord == kWholePage || field.MultiRecordIndex() == document.CurrentRecord;
+    if (document.CurrentRecord == kWholePage) return true;
+    const std::int16_t index = field.Has(u"MultiRecordIndex") ? field.MultiRecordIndex() : std::int16_t{0};
+    return index == document.CurrentRecord;
 }
 
 class UpdatePass {

@@ -7,8 +7,8 @@ namespace sheetwright {
 class frmSheetwright;
 
 // Runs the formula of each text field once, in record order: with `CurrentRecord` -1 all but those that read
-// driver data, otherwise those whose `MultiRecordIndex` it is. Raises what a formula raises; fields before it
-// then have their new values.
+// driver data, otherwise those whose `MultiRecordIndex` it is (0 when they have none). Raises what a formula
+// raises; fields before it then have their new values.
 void UpdateFormulas(frmSheetwright& document);
 
 }  // namespace sheetwright

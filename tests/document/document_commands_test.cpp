@@ -5,6 +5,7 @@
 #include "document/document.h"
 #include "document/form_archive.h"
 #include "document/page.h"
+#include "document/zip_builder.h"
 #include "support/form_text.h"
 #include "support/page_window.h"
 #include "support/short_text.h"
@@ -175,6 +176,25 @@ TEST_F(DocumentCommands, EmptyFileIsCorruptAndItsWindowGoes) {
     EXPECT_EQ(m_ui.Status(), QString());
     EXPECT_EQ(m_ui.pointer, Pointer::Normal);
     EXPECT_EQ(TempDirectories(), QStringList()) << "the temporary directories go with the windows";
+}
+
+TEST_F(DocumentCommands, ListsOfAFormAreThereWhenItsFirstFieldIsEntered) {
+    SetListFolder(*m_application, Path(S("mine/")));
+    FormText form;
+    form.Page(S("One")).Field(S("town"), {S("List=@LISTS\\towns,Town")});
+    const auto archive = [&](const QByteArray& member) {
+        return BuildZip({{member, form.Bytes()},
+                         {"ListIndex.txt", "17,towns\r\n"},
+                         {"17.csv", "Town\r\nBern\r\nUlm\r\n"}});
+    };
+    Open(Write(S("forms/sheet.aff"), archive("sheet.aff")));
+    EXPECT_EQ(Read(S("mine/LISTS/towns.csv")), "Town\r\nBern\r\nUlm\r\n");
+    EXPECT_EQ(Last().page->Entry.ListCount(), 2);
+    EXPECT_FALSE(Last().Changed);
+    Write(S("mine/LISTS/towns.csv"), "Town\r\nKiel\r\n");
+    OpenTemplate(Write(S("templates/sheet.aft"), archive("sheet.aft")));
+    EXPECT_EQ(Read(S("mine/LISTS/towns.csv")), "Town\r\nKiel\r\n") << "the user's edits win";
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList());
 }
 
 TEST_F(DocumentCommands, FormWithoutAnyDesignIsCorrupt) {

@@ -53,6 +53,24 @@ TEST_F(EntryTest, ListFileThatIsMissingLeavesTheListsAloneWithoutAMessage) {
     EXPECT_TRUE(m_ui.messages.empty());
 }
 
+TEST_F(EntryTest, ListFileOutsideTheListFolderIsNone) {
+    Write(S("outside.csv"), "Town\r\nBern\r\n");
+    Write(S("mine/LISTS/towns.csv"), "Town\r\nBern\r\n");
+    SetListFolder(*m_application, m_folder.filePath(S("mine")));
+    for (const QString& list :
+         {S("@..\\outside,Town"), S("@../outside,Town"), S("@LISTS\\..\\..\\outside,Town"),
+          S("@LISTS\\../../outside,Town"), S("@\\outside,Town"), S("@\"..\\outside\",Town"),
+          u'@' + m_folder.filePath(S("outside")) + S(",Town"),
+          u'@' + S("a\\").repeated(500'000) + S("x,Town")}) {
+        m_entry.SetAttachedList(list);
+        EXPECT_EQ(m_entry.ListCount(), 0) << list.left(50).toStdString();
+        EXPECT_EQ(m_entry.ListTable(), nullptr);
+    }
+    m_entry.SetAttachedList(S("@LISTS/towns,Town"));
+    EXPECT_EQ(m_entry.ListCount(), 1);
+    EXPECT_TRUE(m_ui.messages.empty());
+}
+
 TEST_F(EntryTest, ColumnThatIsMissingGivesNoItemsAndNoMessage) {
     Write(S("LISTS/towns.csv"), "Town,Code\r\nBern,7\r\n");
     for (const char* list :

@@ -77,6 +77,17 @@ TEST_F(ListLookupTest, AMissingListIsLoggedAndGivesTheDefault) {
                              QStringLiteral("Lists\\gone.csv"));
 }
 
+TEST_F(ListLookupTest, AListOutsideTheListsIsLoggedAndGivesTheDefault) {
+    Write(QStringLiteral("outside.csv"), "Name\r\nsecret\r\n");
+    EXPECT_EQ(Told("LISTLOOKUP(\"..\\outside.csv\",\"Name\",\"none\")"), "String none");
+    EXPECT_EQ(Told("LISTLOOKUP(\"../outside.csv\",\"Name\",\"none\")"), "String none");
+    EXPECT_EQ(Told("LISTLOOKUP(\"x\\..\\..\\outside.csv\",\"Name\",\"none\")"), "String none");
+    ASSERT_EQ(ErrorRows().size(), 3U);
+    EXPECT_EQ(ErrorRows().front().at(4), QStringLiteral("52: ") + FailureText(failure::kBadFileName));
+    EXPECT_EQ(ErrorRows().front().at(5), QStringLiteral("Error loading list: ") + ListFolder(*m_application) +
+                                             QStringLiteral("Lists\\..\\outside.csv"));
+}
+
 TEST_F(ListLookupTest, AFolderIsNoList) {
     EXPECT_EQ(Told("LISTLOOKUP(\"\",\"Name\",\"none\")"), "String none");
     EXPECT_EQ(ErrorRows().size(), 1U);

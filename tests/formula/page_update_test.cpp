@@ -159,13 +159,17 @@ TEST_F(PageUpdate, RecordBelowMinusOneRunsNothing) {
     EXPECT_EQ(Shown(1), S("old"));
 }
 
-TEST_F(PageUpdate, RecordAtHandNeedsTheFieldsIndex) {
-    AddField(S("a"), S("SETME(1)"), S("old"));
+TEST_F(PageUpdate, FieldWithoutAnIndexIsOfTheFirstRecord) {
+    AddField(S("a"), S("SETME(ADD(ME,1))"), S("0"));
     m_document.page->FieldProperties[0]->Remove(S("MultiRecordIndex"));
     UpdateFormulas(m_document);
     EXPECT_EQ(Shown(1), S("1"));
     m_document.CurrentRecord = 0;
-    EXPECT_EQ(FailureOf([&] { UpdateFormulas(m_document); }), 5);
+    UpdateFormulas(m_document);
+    EXPECT_EQ(Shown(1), S("2"));
+    m_document.CurrentRecord = 1;
+    UpdateFormulas(m_document);
+    EXPECT_EQ(Shown(1), S("2"));
 }
 
 TEST_F(PageUpdate, TellsTheWindowOfNewTextsOnly) {
