@@ -2,7 +2,7 @@
 
 PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config
-    qt6-base-dev libqt6svg6 qt6-translations-l10n libzip-dev libwmf-dev zip unzip
+    qt6-base-dev qt6-serialport-dev libqt6svg6 qt6-translations-l10n libzip-dev libwmf-dev zip unzip
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation fonts-dejavu-core
     poppler-utils cups cups-client

@@ -70,6 +70,9 @@ class UserInterface {
     virtual void ShowProgress() = 0;
     virtual void SetProgress(int percent) = 0;  // 0 to 100
     virtual void HideProgress() = 0;
+    // Whether the person wants to stop what the progress bar shows; asked for while it is shown, often. Where
+    // nobody can tell, nobody does.
+    [[nodiscard]] virtual bool IsStopWanted() { return false; }
 
     virtual void PumpMessages() = 0;
     virtual void Beep() = 0;

@@ -16,6 +16,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 namespace sheetwright {
@@ -34,14 +35,19 @@ class ImportRun {
           m_path(path),
           m_linkedNextPage(linkedNextPage) {}
 
-    void Run() {
+    // Adds to `result` what it has done.
+    void Run(ImportResult& result) {
+        const int pages = m_document.Pages;
         Open();
         ProgressBar bar(m_ui);
         ImportBinding binding = BindColumns(m_document, m_document.DriverData, GetRelativePath(m_path), bar);
+        result.columns = std::max(result.columns, static_cast<std::int32_t>(binding.columns.size()));
+        result.records += m_document.DriverData.RecordCount();
         bar.Update(1, 1);
         Sort(binding);
         WriteRecords(binding, bar);
         Finish(bar);
+        result.pagesAdded += m_document.Pages - pages;
     }
 
   private:
@@ -114,11 +120,11 @@ void ImportRun::Finish(ProgressBar& bar) {
 }
 
 // The pages that the first run adds come out between those of the second.
-void ImportPairs(frmSheetwright& document, const QString& path) {
+void ImportPairs(frmSheetwright& document, const QString& path, ImportResult& result) {
     const std::optional<Companion> companion = CompanionOfPage(document);
     if (!companion) return;
     int nextPage = document.DataPageNum + 1;
-    ImportRun(document, path, nullptr).Run();
+    ImportRun(document, path, nullptr).Run(result);
 
     document.DataPageNum = ToInt16(nextPage);
     const bool isThere = document.DataPageNum <= document.Pages;
@@ -126,17 +132,22 @@ void ImportPairs(frmSheetwright& document, const QString& path) {
     document.PageChanged = false;
     if (!isThere || TitleOfPage(document, document.DataPageNum) != companion->title)
         AddPage(document, companion->design, Placement::Before, document.DataPageNum);
-    ImportRun(document, path, &nextPage).Run();
+    ImportRun(document, path, &nextPage).Run(result);
 }
 
 }  // namespace
 
-void Import(frmSheetwright& document, const QString& path) {
+ImportResult Import(frmSheetwright& document, const QString& path) {
+    ImportResult result;
     const bool isRunning = document.Importing && document.Busy > 0;
-    if (isRunning) return;
+    if (isRunning) return result;
     const BusyDocument busy(document.Busy);
-    if (HasLinkedPages(document)) return ImportPairs(document, path);
-    ImportRun(document, path, nullptr).Run();
+    if (HasLinkedPages(document)) {
+        ImportPairs(document, path, result);
+    } else {
+        ImportRun(document, path, nullptr).Run(result);
+    }
+    return result;
 }
 
 }  // namespace sheetwright

@@ -5,9 +5,19 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace sheetwright {
 
 class frmSheetwright;
+
+// What an import has done.
+struct ImportResult {
+    bool isStopped = false;    // by the person: the form is as it was before
+    std::int32_t columns = 0;  // of the table that fill something
+    std::int64_t records = 0;  // read; of two pages that are filled from one file those of both
+    std::int32_t pagesAdded = 0;
+};
 
 // Reads all records of the CSV file at `path`, ordered by the key columns of the design, into the page on
 // screen. In a form that carries "linkedpages.txt" the file is read twice, into a page that is named there
@@ -17,6 +27,6 @@ class frmSheetwright;
 // Raises 53, 75 and others of the file system when the file can't be taken, 6 when a page is to be added
 // beyond 32,767, and what formulas raise. The records before are then in the form, and the document is still
 // importing, its progress bar visible: whoever catches that calls `RecoverFromFailedPass`.
-void Import(frmSheetwright& document, const QString& path);
+ImportResult Import(frmSheetwright& document, const QString& path);
 
 }  // namespace sheetwright
