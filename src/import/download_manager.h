@@ -6,6 +6,7 @@
 #include "import/driver_file.h"
 #include "import/fetchdock.h"
 
+#include <optional>
 #include <vector>
 
 namespace sheetwright {
@@ -15,7 +16,8 @@ class DownloadProgress;
 
 class DownloadManager : public FETCHDOCK {
   public:
-    // `application` and `progress` live longer.
+    // `application` and `progress` live longer. Drivers are read when they are first asked for: only then the
+    // settings are found by their translated name.
     DownloadManager(Application& application, DownloadProgress& progress);
 
     [[nodiscard]] QString Directory() const override;
@@ -25,18 +27,26 @@ class DownloadManager : public FETCHDOCK {
     void SetIndex(std::int16_t index) override;
     [[nodiscard]] bool Available() const override;
     [[nodiscard]] QIcon Icon() const override;
+    // A folder that is not in that of the driver gets no download: pages, which name it, come from strangers.
+    // Without one it is "Data" in the driver's folder.
     void SetDataFolder(const QString& path) override { m_dataFolder = path; }
     void ShowProgress(bool isShown) override { m_showsProgress = isShown; }
+    // While one runs, another does nothing.
     void Download() override;
     [[nodiscard]] QString DownloadedFile() const override { return m_downloadedFile; }
 
   private:
+    [[nodiscard]] const std::vector<DriverFile>& Drivers() const;
+    [[nodiscard]] const DriverFile& DriverAt(int index) const;
+    [[nodiscard]] QString Fetched(const DriverFile& driver, bool isShown);
+
     Application& m_application;
     DownloadProgress& m_progress;
-    std::vector<DriverFile> m_drivers;
+    mutable std::optional<std::vector<DriverFile>> m_drivers;
     int m_index = -1;
     QString m_dataFolder;
     bool m_showsProgress = false;
+    bool m_isRunning = false;
     QString m_downloadedFile;
 };
 

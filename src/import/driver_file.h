@@ -6,25 +6,24 @@
 #include <QString>
 #include <QStringList>
 
-#include <cstdint>
-
 namespace sheetwright {
 
-class Application;
-
 struct DriverFile {
-    QString folder;  // the driver's, with trailing separator
-    QString name;    // that of the folder: pages know the driver by it
-    QString icon;    // full path; "" for none
+    static constexpr int kDefaultTimeLimit = 300;
+
+    QString folder;   // the driver's, with trailing separator
+    QString name;     // that of the folder: pages know the driver by it
+    QString caption;  // what people call the driver; the name where the file doesn't say
+    QString icon;     // full path of a file in the driver's folder; "" for none
     int version = 0;
 
-    QString program;        // as written; "" for a driver whose files come by other means
-    QStringList arguments;  // with "{output}" and others not yet filled in
-    int timeLimit = 0;      // seconds
+    QString program;                    // as written; "" for a driver whose files come by other means
+    QStringList arguments;              // with "{output}" and others not yet filled in
+    int timeLimit = kDefaultTimeLimit;  // seconds
 
     // What counts as delivered.
     QStringList columns;     // that the table must have
-    int minimumRecords = 0;  // that it must hold
+    int minimumRecords = 1;  // that it must hold
     QString types;           // file of the driver's folder that tells the columns' types; "" for none
 };
 
