@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets everything up, builds Sheetwright and opens a sample form in its window. Where there is no display, or with
-# --headless, it fills in and recalculates the form without one, saves it and prints it to a PDF file.
+# --headless, it makes a new form of a template, imports the table of a test instrument into it, saves it and prints
+# it to a PDF file; a form of your own is recalculated, saved and printed.
 #
 #   ./run.sh [--headless]          the sample "Appliance Test Record"
 #   ./run.sh [--headless] FORM     a form or template of your own
@@ -10,7 +11,7 @@ if [ "${1:-}" = --headless ]; then
     has_display=
     shift
 fi
-form=$(realpath -- "${1:-$(dirname "$0")/share/samples/appliance_test_record.aff}")
+own=${1:+$(realpath -- "$1")}
 cd "$(dirname "$0")"
 . tools/set_up.sh
 
@@ -19,20 +20,30 @@ build release sheetwright-cli sheetwright sheetwright_data
 
 results=$PWD/build/results
 mkdir -p "$results"
-name=$(basename "${form%.*}")
-cd build/release/bin  # where the lists lie that the samples look things up in
+cd build/release/bin  # where the samples, the drivers and the lists lie that forms look things up in
 
 if [ -n "$has_display" ]; then
+    form=${own:-$PWD/samples/appliance_test_record.aff}
     echo "== $form in its window"
     exec ./sheetwright "$form"
 fi
+
+if [ -n "$own" ]; then
+    form=$own
+    edits=()
+else
+    form=templates/appliance_test_record.aft
+    edits=(--set "1:Client=Marlow & Finch Ltd" --set "1:Record Number=MF-2026-0001"
+           --set "1:Instrument=AT310" --import drivers/AT310/Data/appliance_test_record.csv --at-page 2)
+fi
+name=$(basename "${form%.*}")
 
 echo
 echo "== What is in $form"
 ./sheetwright-cli info "$form"
 echo
-echo "== Every formula run, saved as a new form and printed"
-./sheetwright-cli fill "$form" --save "$results/$name.aff" --pdf "$results/$name.pdf"
+echo "== Filled in, every formula run, saved as a new form and printed"
+./sheetwright-cli fill "$form" "${edits[@]}" --save "$results/$name.aff" --pdf "$results/$name.pdf"
 ./sheetwright-cli values "$results/$name.aff" > "$results/$name.tsv"
 echo
 echo "The results:"

@@ -21,7 +21,8 @@ class MainWindow {
     [[nodiscard]] virtual bool IsEnabled() const = 0;
     virtual void SetEnabled(bool isEnabled) = 0;
 
-    virtual void SetUndoEnabled(bool isEnabled) = 0;       // `mnuEditUndo`
+    virtual void SetUndoEnabled(bool isEnabled) = 0;  // `mnuEditUndo`
+    [[nodiscard]] virtual bool IsUndoEnabled() const = 0;
     [[nodiscard]] virtual bool IsBlankTicked() const = 0;  // `mnuOptionsBlank`
 
     // The panel that tells page and title, such as "2/5 - Page 1 ", and the box of the arrow buttons, such as
@@ -47,6 +48,7 @@ class NoMainWindow : public MainWindow {
     [[nodiscard]] bool IsEnabled() const override { return m_isEnabled; }
     void SetEnabled(bool isEnabled) override { m_isEnabled = isEnabled; }
     void SetUndoEnabled(bool) override {}
+    [[nodiscard]] bool IsUndoEnabled() const override { return false; }
     [[nodiscard]] bool IsBlankTicked() const override { return false; }
     [[nodiscard]] QString PagePanel() const override { return m_panel; }
     void SetPagePanel(const QString& text) override { m_panel = text; }

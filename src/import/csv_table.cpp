@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace sheetwright {
 
@@ -55,27 +56,34 @@ void CsvTable::Clear() {
     MoveFirst();
 }
 
-void CsvTable::SetFileName(const QString& path) {
+void CsvTable::Name(const QString& path) {
     const QString name = path;  // the argument may be this table's own name
     Clear();
     m_fileName = name;
     m_isRead = false;
-    Load();
+}
+
+void CsvTable::SetFileName(const QString& path) {
+    Name(path);
+    if (FileExists(m_fileName)) return Load(ReadWholeFile(m_fileName));
+    if (QFileInfo::exists(OnDisk(m_fileName))) throw Failure(failure::kPathAccess);
     m_isRead = true;
 }
 
-void CsvTable::Load() {
-    if (!FileExists(m_fileName)) {
-        if (QFileInfo::exists(OnDisk(m_fileName))) throw Failure(failure::kPathAccess);
-        return;
-    }
-    m_source = CsvSource(ReadWholeFile(m_fileName));
+void CsvTable::SetFileName(const QString& path, QByteArray bytes) {
+    Name(path);
+    Load(std::move(bytes));
+}
+
+void CsvTable::Load(QByteArray bytes) {
+    m_source = CsvSource(std::move(bytes));
     const CsvTypes types = LoadCsvTypes(m_fileName);
     for (const QString& columnName : m_source.Names()) {
         AppendColumn(columnName);
         const auto type = types.find(columnName);
         if (type != types.end()) m_columns.back()->m_dataType = type->second;
     }
+    m_isRead = true;
 }
 
 void CsvTable::AppendColumn(const QString& name) {

@@ -73,6 +73,8 @@ class CsvTable {
     // table with no columns, to which columns can be added. Raises 75 for a file that exists and can't be
     // read and 6 for one of more than 2147483647 records; then the table has that name and no columns.
     void SetFileName(const QString& path);
+    // The same of a file whose bytes were read before, so that nobody can change them in between.
+    void SetFileName(const QString& path, QByteArray bytes);
     [[nodiscard]] const QString& FileName() const { return m_fileName; }  // as last set; "" for a fresh table
 
     [[nodiscard]] ColumnList Columns() { return ColumnList(*this); }
@@ -116,7 +118,8 @@ class CsvTable {
     };
 
     void Clear();
-    void Load();
+    void Name(const QString& path);
+    void Load(QByteArray bytes);
     void AppendColumn(const QString& name);
     [[nodiscard]] CsvColumn& ColumnNamed(const QString& name) const;
     [[nodiscard]] std::vector<Criterion> CriteriaOf(const QString& filter) const;

@@ -13,6 +13,7 @@
 #include "import/import_binding.h"
 #include "import/import_files.h"
 #include "import/import_pass.h"
+#include "import/import_snapshot.h"
 
 #include <QScopeGuard>
 
@@ -25,51 +26,66 @@ namespace {
 
 constexpr int kRecordsPerUpdate = 20;
 
+// What both walks of an import share.
+struct Order {
+    Order(frmSheetwright& document, const QString& path) : file(path), before(document) {}
+
+    ImportedFile file;
+    FormSnapshot before;
+    ImportResult result;
+};
+
 // One walk through the records of a file, into the page on screen.
 class ImportRun {
   public:
     // `linkedNextPage` as told of `RecordPass`.
-    ImportRun(frmSheetwright& document, const QString& path, int* linkedNextPage)
+    ImportRun(frmSheetwright& document, Order& order, int* linkedNextPage)
         : m_document(document),
           m_ui(document.application.ui),
-          m_path(path),
+          m_order(order),
           m_linkedNextPage(linkedNextPage) {}
 
-    // Adds to `result` what it has done.
-    void Run(ImportResult& result) {
-        const int pages = m_document.Pages;
+    // Adds to the result what it has done.
+    void Run() {
         Open();
         ProgressBar bar(m_ui);
-        ImportBinding binding = BindColumns(m_document, m_document.DriverData, GetRelativePath(m_path), bar);
-        result.columns = std::max(result.columns, static_cast<std::int32_t>(binding.columns.size()));
-        result.records += m_document.DriverData.RecordCount();
+        const QString sourceFolder = GetRelativePath(m_order.file.Path());
+        ImportBinding binding = BindColumns(m_document, m_document.DriverData, sourceFolder, bar);
         bar.Update(1, 1);
+        Count(binding);
         Sort(binding);
         WriteRecords(binding, bar);
         Finish(bar);
-        result.pagesAdded += m_document.Pages - pages;
     }
 
   private:
     void Open();
+    void Count(const ImportBinding& binding);
     void Sort(ImportBinding& binding) const;
     void WriteRecords(ImportBinding& binding, ProgressBar& bar);
     void Finish(ProgressBar& bar);
 
     frmSheetwright& m_document;
     UserInterface& m_ui;
-    QString m_path;
+    Order& m_order;
     int* m_linkedNextPage;
 };
 
 void ImportRun::Open() {
     m_document.Changed = true;
     m_document.Importing = true;
-    KeepImportedFile(m_document, m_path);
-    m_document.DriverData.SetFileName(m_path);
+    const QByteArray& bytes = m_order.file.Bytes();
+    m_order.before.NoteFile(KeepImportedFile(m_document, bytes));
+    m_document.DriverData.SetFileName(m_order.file.Path(), bytes);
     Unselect(m_document);
     UpdateColors(m_document);
     m_ui.SetStatus(m_document.application.Translate(QStringLiteral("Initializing...")));
+}
+
+void ImportRun::Count(const ImportBinding& binding) {
+    ImportResult& result = m_order.result;
+    result.columns = std::max(result.columns, static_cast<std::int32_t>(binding.columns.size()));
+    result.records += m_document.DriverData.RecordCount();
 }
 
 void ImportRun::Sort(ImportBinding& binding) const {
@@ -101,7 +117,9 @@ void ImportRun::WriteRecords(ImportBinding& binding, ProgressBar& bar) {
         pass.WriteRecord();
         UpdateFormulas(m_document);
         m_document.DriverData.MoveNext();
-        if (record % kRecordsPerUpdate == 0) bar.Update(record, count);
+        if (record % kRecordsPerUpdate != 0) continue;
+        bar.Update(record, count);
+        EndIfStopped(m_document);
     }
 }
 
@@ -120,11 +138,11 @@ void ImportRun::Finish(ProgressBar& bar) {
 }
 
 // The pages that the first run adds come out between those of the second.
-void ImportPairs(frmSheetwright& document, const QString& path, ImportResult& result) {
+void ImportPairs(frmSheetwright& document, Order& order) {
     const std::optional<Companion> companion = CompanionOfPage(document);
     if (!companion) return;
     int nextPage = document.DataPageNum + 1;
-    ImportRun(document, path, nullptr).Run(result);
+    ImportRun(document, order, nullptr).Run();
 
     document.DataPageNum = ToInt16(nextPage);
     const bool isThere = document.DataPageNum <= document.Pages;
@@ -132,22 +150,29 @@ void ImportPairs(frmSheetwright& document, const QString& path, ImportResult& re
     document.PageChanged = false;
     if (!isThere || TitleOfPage(document, document.DataPageNum) != companion->title)
         AddPage(document, companion->design, Placement::Before, document.DataPageNum);
-    ImportRun(document, path, &nextPage).Run(result);
+    ImportRun(document, order, &nextPage).Run();
 }
 
 }  // namespace
 
 ImportResult Import(frmSheetwright& document, const QString& path) {
-    ImportResult result;
     const bool isRunning = document.Importing && document.Busy > 0;
-    if (isRunning) return result;
+    if (isRunning) return {};
     const BusyDocument busy(document.Busy);
-    if (HasLinkedPages(document)) {
-        ImportPairs(document, path, result);
-    } else {
-        ImportRun(document, path, nullptr).Run(result);
+    Order order(document, path);
+    const int pages = document.Pages;
+    try {
+        if (HasLinkedPages(document)) {
+            ImportPairs(document, order);
+        } else {
+            ImportRun(document, order, nullptr).Run();
+        }
+    } catch (const ImportStopped&) {
+        order.before.Restore();
+        return {.isStopped = true};
     }
-    return result;
+    order.result.pagesAdded = document.Pages - pages;
+    return order.result;
 }
 
 }  // namespace sheetwright

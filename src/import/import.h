@@ -24,6 +24,9 @@ struct ImportResult {
 // and into its companion; on any other page nothing happens. The last page stays on screen with its first
 // field entered.
 //
+// After every 20 records, and at each page that is added, the person is asked for (`IsStopWanted`): stopped,
+// the import leaves no trace.
+//
 // Raises 53, 75 and others of the file system when the file can't be taken, 6 when a page is to be added
 // beyond 32,767, and what formulas raise. The records before are then in the form, and the document is still
 // importing, its progress bar visible: whoever catches that calls `RecoverFromFailedPass`.

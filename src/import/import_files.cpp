@@ -1,5 +1,6 @@
 #include "import/import_files.h"
 
+#include "core/atomic_file.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "document/document.h"
@@ -51,13 +52,21 @@ QString GetRelativePath(const QString& path) {
     return path;
 }
 
-void KeepImportedFile(const frmSheetwright& document, const QString& path) {
-    if (document.MyTempDir.isEmpty() || !QFileInfo(OnDisk(document.MyTempDir)).isDir()) return;
+const QByteArray& ImportedFile::Bytes() {
+    if (!m_bytes) m_bytes = ReadWholeFile(m_path);
+    return *m_bytes;
+}
+
+QString KeepImportedFile(const frmSheetwright& document, const QByteArray& bytes) {
+    if (document.MyTempDir.isEmpty() || !QFileInfo(OnDisk(document.MyTempDir)).isDir()) return {};
     int number = 1;
     const auto target = [&] { return document.MyTempDir + QStringLiteral("import%1.csv").arg(number); };
     while (QFileInfo::exists(OnDisk(target())))
         ++number;
-    WriteFileAtomically(target(), ReadWholeFile(path));
+    AtomicFile copy(target(), kUnfinishedSuffix.toString());  // not flushed: the folder goes with the form
+    copy.Beside().Write(bytes);
+    copy.Replace();
+    return target();
 }
 
 bool HasLinkedPages(const frmSheetwright& document) {

@@ -3,10 +3,12 @@
 // The files of an import: where a driver's folder is, the copy that the form keeps, and which pages come in
 // pairs.
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 namespace sheetwright {
 
@@ -16,10 +18,24 @@ class frmSheetwright;
 // "DRIVERS\" on as written; without that name the whole folder. `path` itself when there is no such folder.
 [[nodiscard]] QString GetRelativePath(const QString& path);
 
+// A file that is imported. It is read once: what is kept is what was imported, whoever writes to it.
+class ImportedFile {
+  public:
+    explicit ImportedFile(QString path) : m_path(std::move(path)) {}
+
+    [[nodiscard]] const QString& Path() const { return m_path; }
+    // Raises 53, 75 or 76 for a file that can't be read.
+    [[nodiscard]] const QByteArray& Bytes();
+
+  private:
+    QString m_path;
+    std::optional<QByteArray> m_bytes;
+};
+
 // Copies a file into the form's temporary directory as "import1.csv", or the next number that is free.
-// Without that directory nothing is copied. Raises 53, 75 or 76 for a file that can't be read and what
-// writing raises.
-void KeepImportedFile(const frmSheetwright& document, const QString& path);
+// Returns the copy's path; without that directory nothing is copied, and it is "". Raises what writing
+// raises.
+[[nodiscard]] QString KeepImportedFile(const frmSheetwright& document, const QByteArray& bytes);
 
 // Whether the form says which of its pages come in pairs.
 [[nodiscard]] bool HasLinkedPages(const frmSheetwright& document);

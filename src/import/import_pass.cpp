@@ -6,6 +6,7 @@
 #include "document/page.h"
 #include "document/pages.h"
 #include "formula/value_conversion.h"
+#include "import/import_snapshot.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,10 @@ bool IsOther(const std::optional<QString>& previous, const QString& value) {
 }
 
 }  // namespace
+
+void EndIfStopped(const frmSheetwright& document) {
+    if (document.application.ui.IsStopWanted()) throw ImportStopped();
+}
 
 RecordPass::RecordPass(frmSheetwright& document, const std::vector<BoundColumn>& columns, int* linkedNextPage)
     : m_document(document), m_linkedNextPage(linkedNextPage), m_lists(document) {
@@ -116,6 +121,7 @@ void RecordPass::Begin(Restart restart) {
     SavePage(m_document);
     AddPageBehind();
     m_document.CurrentRecord = 0;
+    EndIfStopped(m_document);
 }
 
 void RecordPass::Undo() {

@@ -18,6 +18,10 @@ class CsvColumn;
 class frmSheetwright;
 struct TextElement;
 
+// Ends the import, also one whose pages never come to an end, when the person wants that: raises
+// `ImportStopped`.
+void EndIfStopped(const frmSheetwright& document);
+
 class RecordPass {
   public:
     // `linkedNextPage`, when given, is the place of the page that was added last of those that come in pairs;
@@ -26,7 +30,7 @@ class RecordPass {
 
     // Writes the current record whole on one line, `CurrentRecord` of the document. A trigger takes back what
     // was written of it in fields, not in check boxes, and the record starts again on the next line or a new
-    // page. Raises 6 for a line that is no 16-bit number and what adding a page raises.
+    // page. Raises 6 for a line that is no 16-bit number, what adding a page raises, and `ImportStopped`.
     void WriteRecord();
 
   private:

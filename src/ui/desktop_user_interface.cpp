@@ -179,6 +179,8 @@ void DesktopUserInterface::SetStatus(const QString& text) {
 }
 
 void DesktopUserInterface::ShowProgress() {
+    m_showsProgress = true;
+    m_stopKey.Forget();
     if (m_panel) m_panel->ShowProgress();
 }
 
@@ -187,7 +189,12 @@ void DesktopUserInterface::SetProgress(int percent) {
 }
 
 void DesktopUserInterface::HideProgress() {
+    m_showsProgress = false;
     if (m_panel) m_panel->HideProgress();
+}
+
+bool DesktopUserInterface::IsStopWanted() {
+    return m_showsProgress && m_stopKey.WasPressed();
 }
 
 void DesktopUserInterface::PumpMessages() {

@@ -4,6 +4,7 @@
 // of the frame.
 
 #include "core/user_interface.h"
+#include "ui/stop_key.h"
 
 #include <QPointer>
 
@@ -38,6 +39,8 @@ class DesktopUserInterface : public UserInterface {
     void ShowProgress() override;
     void SetProgress(int percent) override;
     void HideProgress() override;
+    // By Escape, while the progress bar shows.
+    [[nodiscard]] bool IsStopWanted() override;
     // Paints and lets timers run. What a person types or clicks meanwhile waits until the command that pumps
     // has ended: no command starts within another.
     void PumpMessages() override;
@@ -54,6 +57,8 @@ class DesktopUserInterface : public UserInterface {
     QString m_status;
     bool m_isBusy = false;  // the hourglass shows
     bool m_isPumping = false;
+    bool m_showsProgress = false;
+    StopKey m_stopKey;
 };
 
 }  // namespace sheetwright

@@ -1,7 +1,6 @@
 #include "ui/input_gate.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QWidget>
 
 #include <algorithm>
@@ -35,6 +34,10 @@ constexpr std::array kInput{
 
 }  // namespace
 
+bool IsInput(QEvent::Type type) {
+    return std::ranges::find(kInput, type) != kInput.end();
+}
+
 InputGate::InputGate(QWidget& window) : QObject(&window), m_window(window) {}
 
 void InputGate::SetOpen(bool isOpen) {
@@ -47,9 +50,8 @@ void InputGate::SetOpen(bool isOpen) {
     }
 }
 
-// The release of a mouse button passes: what the press began must come to its end.
 bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
-    if (std::ranges::find(kInput, event->type()) == kInput.end() || !Guards(receiver)) return false;
+    if (!IsInput(event->type()) || !Guards(receiver)) return false;
     event->setAccepted(event->type() != QEvent::Close);
     return true;
 }

@@ -3,11 +3,16 @@
 // Keeps a window from being used for a while, without the flicker of a disabled one and without taking the
 // keyboard focus away from whatever has it.
 
+#include <QEvent>
 #include <QObject>
 
 class QWidget;
 
 namespace sheetwright {
+
+// Whether a person makes such events, or asks a window to close by them. The release of a mouse button is
+// none: what the press began must come to its end.
+[[nodiscard]] bool IsInput(QEvent::Type type);
 
 class InputGate : public QObject {
   public:

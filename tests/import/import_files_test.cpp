@@ -61,31 +61,35 @@ TEST_F(ImportFiles, PathWithoutAMarkerStaysAsItIs) {
 
 TEST_F(ImportFiles, FileIsKeptUnderTheFirstFreeNumber) {
     ShowTwoDesigns();
-    KeepImportedFile(*m_document, Write(S("a.csv"), "A\r\n1\r\n"));
-    KeepImportedFile(*m_document, Write(S("a.csv"), "B\r\n"));
-    KeepImportedFile(*m_document, Write(S("a.csv"), "C\r\n"));
+    EXPECT_EQ(KeepImportedFile(*m_document, "A\r\n1\r\n"), m_document->MyTempDir + S("import1.csv"));
+    EXPECT_EQ(KeepImportedFile(*m_document, "B\r\n"), m_document->MyTempDir + S("import2.csv"));
+    EXPECT_EQ(KeepImportedFile(*m_document, "C\r\n"), m_document->MyTempDir + S("import3.csv"));
     EXPECT_EQ(PageOnScreenTest::ApplicationTest::Read(Temporary(S("import1.csv"))), "A\r\n1\r\n");
     EXPECT_EQ(PageOnScreenTest::ApplicationTest::Read(Temporary(S("import3.csv"))), "C\r\n");
     QFile::remove(Path(Temporary(S("import2.csv"))));
-    KeepImportedFile(*m_document, Write(S("a.csv"), "D\r\n"));
+    EXPECT_EQ(KeepImportedFile(*m_document, "D\r\n"), m_document->MyTempDir + S("import2.csv"));
     EXPECT_EQ(PageOnScreenTest::ApplicationTest::Read(Temporary(S("import2.csv"))), "D\r\n");
 }
 
 TEST_F(ImportFiles, FormWithoutAFolderKeepsNoCopy) {
     frmSheetwright document(*m_application);
-    const QString path = Write(S("a.csv"), "A\r\n");
-    KeepImportedFile(document, path);
+    EXPECT_EQ(KeepImportedFile(document, "A\r\n"), QString());
     document.MyTempDir = Path(S("not there/x/"));
     QDir(document.MyTempDir).removeRecursively();
-    KeepImportedFile(document, path);
+    EXPECT_EQ(KeepImportedFile(document, "A\r\n"), QString());
     EXPECT_FALSE(QFileInfo::exists(document.MyTempDir));
     document.MyTempDir.clear();
 }
 
-TEST_F(ImportFiles, FileThatIsNotThereCantBeKept) {
-    ShowTwoDesigns();
-    EXPECT_EQ(FailureOf([&] { KeepImportedFile(*m_document, Path(S("no.csv"))); }), 53);
-    EXPECT_FALSE(QFileInfo::exists(Path(Temporary(S("import1.csv")))));
+TEST_F(ImportFiles, FileThatIsNotThereCantBeRead) {
+    EXPECT_EQ(FailureOf([&] { (void)ImportedFile(Path(S("no.csv"))).Bytes(); }), 53);
+}
+
+TEST_F(ImportFiles, FileIsReadOnce) {
+    ImportedFile file(Write(S("a.csv"), "A\r\n1\r\n"));
+    EXPECT_EQ(file.Bytes(), "A\r\n1\r\n");
+    Write(S("a.csv"), "A\r\n1\r\n2\r\n");
+    EXPECT_EQ(file.Bytes(), "A\r\n1\r\n");
 }
 
 TEST_F(ImportFiles, FirstLineWithThePagesTitleNamesTheCompanion) {

@@ -19,6 +19,14 @@ inline void Require(bool holds) {
     if (!holds) std::abort();
 }
 
+class FuzzInterface : public SilentUserInterface {
+  public:
+    [[nodiscard]] bool IsStopWanted() override { return isStopping && --questions <= 0; }
+
+    bool isStopping = false;
+    int questions = 0;  // the one at which the person stops
+};
+
 class FuzzWorkplace {
   public:
     FuzzWorkplace()
@@ -30,12 +38,13 @@ class FuzzWorkplace {
         QFile file(m_folder.filePath(name));
         Require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
+    [[nodiscard]] FuzzInterface& TheInterface() { return m_ui; }
     [[nodiscard]] Application& TheApplication() { return m_application; }
     [[nodiscard]] QString Folder() const { return m_folder.path() + u'/'; }
 
   private:
     QTemporaryDir m_folder;
-    SilentUserInterface m_ui;
+    FuzzInterface m_ui;
     Application m_application;
 };
 

@@ -88,6 +88,7 @@ class RecordingMainWindow : public MainWindow {
         calls << (isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"));
     }
     void SetUndoEnabled(bool isEnabled) override { undoEnabled = isEnabled; }
+    [[nodiscard]] bool IsUndoEnabled() const override { return undoEnabled; }
     [[nodiscard]] bool IsBlankTicked() const override { return blankTicked; }
     [[nodiscard]] QString PagePanel() const override { return panel; }
     void SetPagePanel(const QString& text) override {

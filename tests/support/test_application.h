@@ -56,6 +56,7 @@ class RecordingUserInterface : public UserInterface {
     void ShowProgress() override { progressShown = true; }
     void SetProgress(int percent) override { progress.push_back(percent); }
     void HideProgress() override { progressShown = false; }
+    [[nodiscard]] bool IsStopWanted() override { return onStopQuestion && onStopQuestion(); }
     void PumpMessages() override {
         ++pumps;
         if (onPump) onPump();
@@ -79,6 +80,7 @@ class RecordingUserInterface : public UserInterface {
     std::vector<FileDialog> fileDialogs;                  // as they were shown
     int saveDialogs = 0;                                  // how many of them were for saving
     std::function<void(FileDialog&)> onFileDialog;        // the same; without it the person cancels
+    std::function<bool()> onStopQuestion;                 // whether the person stops what goes on
     std::function<void()> onPump;                         // the commands that come in then
     std::vector<MessageAnswer> answers;                   // given in order; then Ok or Yes
 };

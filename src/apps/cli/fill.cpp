@@ -16,13 +16,14 @@ namespace sheetwright::cli {
 
 namespace {
 
-constexpr OptionSyntax kOptions[] = {{u"set", true}, {u"add-page", true}, {u"save", true},
-                                     {u"pdf", true}, {u"pages", true},    {u"no-recalculate", false}};
+constexpr OptionSyntax kOptions[] = {{u"set", true},     {u"add-page", true},       {u"import", true},
+                                     {u"at-page", true}, {u"save", true},           {u"pdf", true},
+                                     {u"pages", true},   {u"no-recalculate", false}};
 
 constexpr QStringView kHelp =
-    u"Sets values and adds pages in the order given, recalculates the whole form once, and\n"
-    u"saves or prints it, or both. When a page or name is unknown, or anything else fails,\n"
-    u"nothing is written.\n"
+    u"Sets values, adds pages and imports tables in the order given, recalculates the whole\n"
+    u"form once, and saves or prints it, or both. When a page or name is unknown, or anything\n"
+    u"else fails, nothing is written.\n"
     u"\n"
     u"  --set PAGE:NAME=VALUE   sets a field, check box or picture field of a data page; in\n"
     u"                          VALUE \\n is a line break, \\t a tab and \\\\ a backslash\n"
@@ -30,31 +31,43 @@ constexpr QStringView kHelp =
     u"                          adds an empty data page; DESIGN is the number or title of\n"
     u"                          a design page, MODE 0 at the start, 1 at the end, 2 before\n"
     u"                          or 3 after page POSITION; without MODE at the end\n"
+    u"  --import CSV            fills the fields of a page, and further pages as they are\n"
+    u"                          needed, with the records of an instrument's table; it lies\n"
+    u"                          below the folder of its driver, one with a DRIVER.INF\n"
+    u"  --at-page N             the data page at which the import before begins; without it\n"
+    u"                          page 1\n"
     u"  --save OUT              saves to OUT (.aff or .aft), which may be FORM itself;\n"
     u"                          without it and --pdf only a summary is told\n"
     u"  --pdf OUT               prints the data pages to OUT (.pdf)\n"
     u"  --pages A-B             prints only these; also A, A- (to the end) and -B (from the\n"
     u"                          start)\n"
-    u"  --no-recalculate        leaves all formulas alone\n";
+    u"  --no-recalculate        leaves all formulas alone; an import runs them nevertheless\n";
 
-struct Work {
-    std::vector<Edit> edits;
-    int valuesSet = 0;
-    int pagesAdded = 0;
+// What `--at-page` belongs to.
+struct LastImport {
+    ImportTable* table = nullptr;
+    bool hasPage = false;
 };
 
-Work WorkOf(const CommandLine& line) {
-    Work work;
+void SetPage(LastImport& last, const QString& page) {
+    if (last.table == nullptr) throw UsageError(QStringLiteral("--at-page needs --import before it"));
+    if (last.hasPage) throw UsageError(QStringLiteral("an --import has one --at-page"));
+    last.table->page = PageNumber(page);
+    last.hasPage = true;
+}
+
+std::vector<Edit> EditsOf(const CommandLine& line) {
+    std::vector<Edit> edits;
+    edits.reserve(line.options.size());  // what was found last stays where it is
+    LastImport last;
     for (const Option& option : line.options) {
-        if (option.name == QStringLiteral("set")) {
-            work.edits.emplace_back(ParseSetValue(option.value));
-            ++work.valuesSet;
-        } else if (option.name == QStringLiteral("add-page")) {
-            work.edits.emplace_back(ParseInsertPage(option.value));
-            ++work.pagesAdded;
-        }
+        if (option.name == QStringLiteral("set")) edits.emplace_back(ParseSetValue(option.value));
+        if (option.name == QStringLiteral("add-page")) edits.emplace_back(ParseInsertPage(option.value));
+        if (option.name == QStringLiteral("import"))
+            last = {&std::get<ImportTable>(edits.emplace_back(ImportTable{option.value})), false};
+        if (option.name == QStringLiteral("at-page")) SetPage(last, option.value);
     }
-    return work;
+    return edits;
 }
 
 void RequireFormName(const QString& path) {
@@ -63,14 +76,23 @@ void RequireFormName(const QString& path) {
     if (!isForm) throw UsageError(QStringLiteral("a form's name ends in .aff or .aft, not \"%1\"").arg(path));
 }
 
-void PrintSummary(Output& out, const Work& work, const frmSheetwright& document) {
-    const auto print = [&](const QString& key, int value) {
+void PrintSummary(Output& out, const FormEditor::Counts& done, const frmSheetwright& document) {
+    const auto print = [&](const QString& key, std::int64_t value) {
         out.Line(key + QStringLiteral(": ") + QString::number(value));
     };
-    print(QStringLiteral("values set"), work.valuesSet);
-    print(QStringLiteral("pages added"), work.pagesAdded);
+    std::int64_t records = 0;
+    for (const ImportResult& import : done.imports)
+        records += import.records;
+    print(QStringLiteral("values set"), done.valuesSet);
+    print(QStringLiteral("pages added"), done.pagesAdded);
+    if (!done.imports.empty()) print(QStringLiteral("records imported"), records);
     print(QStringLiteral("data pages"), document.Pages);
     out.Line(u"saved: no");
+}
+
+void PrintImports(Output& out, const FormEditor::Counts& done) {
+    for (const ImportResult& import : done.imports)
+        out.Line(ToldOf(import));
 }
 
 // Where the results go.
@@ -112,7 +134,8 @@ void PutInPlace(Output& out, PdfPrinter& printer, const QString& target) {
 
 // The form is saved only when all of it could be printed, and what was printed appears only when the form is
 // saved.
-int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targets, PageRange pages) {
+int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targets, PageRange pages,
+                 const FormEditor::Counts& done) {
     std::unique_ptr<PdfPrinter> printer;
     if (targets.pdf) {
         printer = Printed(document, *targets.pdf, pages);
@@ -121,8 +144,9 @@ int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targ
     if (targets.form) {
         document.Tag = *targets.form;
         if (!SaveForm(document, Recalculate::No)) return status::kFailed;
-        session.Out().Line(QStringLiteral("saved ") + *targets.form);
     }
+    PrintImports(session.Out(), done);
+    if (targets.form) session.Out().Line(QStringLiteral("saved ") + *targets.form);
     if (printer) PutInPlace(session.Out(), *printer, *targets.pdf);
     return status::kDone;
 }
@@ -130,17 +154,18 @@ int PrintAndSave(Session& session, frmSheetwright& document, const Targets& targ
 int RunFill(Session& session, const CommandLine& line) {
     const QString path = OnlyForm(line);
     const Targets targets(line, path);
-    const Work work = WorkOf(line);
+    const std::vector<Edit> edits = EditsOf(line);
 
     const auto document = session.OpenForm(path);
     FormEditor editor(*document);
-    for (const Edit& edit : work.edits)
+    for (const Edit& edit : edits)
         std::visit([&](const auto& known) { editor.Apply(known); }, edit);
     const PageRange pages = targets.pages.Of(document->Pages);
     if (!line.Has(u"no-recalculate")) ÜberupdateFormulas(*document, false);
 
-    if (targets.form || targets.pdf) return PrintAndSave(session, *document, targets, pages);
-    PrintSummary(session.Out(), work, *document);
+    if (targets.form || targets.pdf) return PrintAndSave(session, *document, targets, pages, editor.Done());
+    PrintImports(session.Out(), editor.Done());
+    PrintSummary(session.Out(), editor.Done(), *document);
     return status::kDone;
 }
 
@@ -148,8 +173,8 @@ int RunFill(Session& session, const CommandLine& line) {
 
 Verb FillVerb() {
     return {u"fill",
-            u"FORM [--set PAGE:NAME=VALUE]... [--add-page DESIGN[:MODE[:POSITION]]]... [--save OUT] "
-            u"[--pdf OUT [--pages A-B]] [--no-recalculate]",
+            u"FORM [--set PAGE:NAME=VALUE]... [--add-page DESIGN[:MODE[:POSITION]]]... "
+            u"[--import CSV [--at-page N]]... [--save OUT] [--pdf OUT [--pages A-B]] [--no-recalculate]",
             kHelp, kOptions, RunFill};
 }
 

@@ -125,6 +125,7 @@ void FormEditor::Apply(const SetValue& edit) {
         InsertItem(memory, edit.page, PositionBefore(page, names, edit.name), item);
     }
     m_document.Changed = true;
+    ++m_done.valuesSet;
 }
 
 std::int16_t FormEditor::DesignNamed(const QString& text) const {
@@ -146,6 +147,12 @@ void FormEditor::Apply(const InsertPage& edit) {
     const QScopedValueRollback importing(m_document.Importing, true);
     AddPage(m_document, design, mode, static_cast<std::int16_t>(edit.position.value_or(fallback)));
     SavePage(m_document);
+    ++m_done.pagesAdded;
+}
+
+void FormEditor::Apply(const ImportTable& edit) {
+    m_done.imports.push_back(TakeTable(m_document, edit));
+    m_done.pagesAdded += m_done.imports.back().pagesAdded;
 }
 
 }  // namespace sheetwright::cli

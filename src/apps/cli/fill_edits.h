@@ -1,6 +1,8 @@
 #pragma once
 
-// What `fill` does to a form, one edit at a time: a value set, a page added.
+// What `fill` does to a form, one edit at a time: a value set, a page added, a table taken.
+
+#include "apps/cli/fill_import.h"
 
 #include <QString>
 
@@ -28,7 +30,7 @@ struct InsertPage {
     std::optional<int> position;
 };
 
-using Edit = std::variant<SetValue, InsertPage>;
+using Edit = std::variant<SetValue, InsertPage, ImportTable>;
 
 // "PAGE:NAME=VALUE", cut at the first ":" and the first "=" behind it. Raises UsageError when it isn't of
 // that form.
@@ -43,9 +45,18 @@ class FormEditor {
   public:
     explicit FormEditor(frmSheetwright& document) : m_document(document) {}
 
-    // Raise CommandError for a page, name or design that the form doesn't have.
+    // Raise CommandError for a page, name or design that the form doesn't have; see `TakeTable`, too.
     void Apply(const SetValue& edit);
     void Apply(const InsertPage& edit);
+    void Apply(const ImportTable& edit);
+
+    // What was done so far.
+    struct Counts {
+        int valuesSet = 0;
+        int pagesAdded = 0;  // those of imports, too
+        std::vector<ImportResult> imports;
+    };
+    [[nodiscard]] const Counts& Done() const { return m_done; }
 
   private:
     const std::vector<QString>& NamesOf(int page);
@@ -53,6 +64,7 @@ class FormEditor {
     [[nodiscard]] std::int16_t DesignNamed(const QString& text) const;
 
     frmSheetwright& m_document;
+    Counts m_done;
     std::map<int, std::vector<QString>> m_names;  // of the elements, by design, in record order
 };
 

@@ -124,11 +124,11 @@ void TellTheFatalOnly(QtMsgType type, const QMessageLogContext&, const QString& 
 // Told from the bare arguments, since the kind of application comes before everything else. To take a value
 // for the option costs a moment and no more.
 bool Draws(std::span<char* const> arguments) {
-    const auto begins = [](std::string_view start) {
-        return [start](std::string_view argument) { return argument.starts_with(start); };
+    const auto draws = [](std::string_view argument) {
+        return argument.starts_with("--pdf") || argument.starts_with("--import");
     };
-    return arguments.size() > 2 && (std::string_view(arguments[1]) == "render" ||
-                                    std::ranges::any_of(arguments.subspan(2), begins("--pdf")));
+    return arguments.size() > 2 &&
+           (std::string_view(arguments[1]) == "render" || std::ranges::any_of(arguments.subspan(2), draws));
 }
 
 // Fonts come with an application of the kind that has windows, on a platform that shows none, whatever

@@ -54,12 +54,7 @@ Session::Session(const QString& installFolder)
 
 void Session::TakeInHand(const QString& path) {
     m_formInHand = path;
-    if (CanBeRead(path)) return;
-    throw CommandError(m_application.Translate(QStringLiteral("Unable to open file")) + QStringLiteral(": ") +
-                       m_application.Translate(
-                           QStringLiteral("Please check the path is valid and the file is not in use by any "
-                                          "other applications.")) +
-                       QStringLiteral(" (%1)").arg(path));
+    RequireReadable(m_application, path);
 }
 
 CommandError Session::Corrupt() const {
@@ -119,6 +114,15 @@ void Session::WarnOfLostSteps() const {
         QStringLiteral("parts of the design could not be drawn (%1); errors.csv tells why (%2)")
             .arg(lost)
             .arg(m_formInHand));
+}
+
+void RequireReadable(const Application& application, const QString& path) {
+    if (CanBeRead(path)) return;
+    throw CommandError(application.Translate(QStringLiteral("Unable to open file")) + QStringLiteral(": ") +
+                       application.Translate(
+                           QStringLiteral("Please check the path is valid and the file is not in use by any "
+                                          "other applications.")) +
+                       QStringLiteral(" (%1)").arg(path));
 }
 
 void RequirePage(const frmSheetwright& document, int page) {

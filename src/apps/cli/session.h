@@ -64,6 +64,9 @@ class Session {
     QString m_formInHand;  // as it was named on the command line
 };
 
+// Raises CommandError for what is no file, or one that can't be read.
+void RequireReadable(const Application& application, const QString& path);
+
 // Raises CommandError unless the document has a data page of that number.
 void RequirePage(const frmSheetwright& document, int page);
 
