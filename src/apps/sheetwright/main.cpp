@@ -1,10 +1,10 @@
 // The program with windows. Its title, given when it is built, tells the deployments apart.
 
 #include "core/application.h"
-#include "core/failure.h"
 #include "core/run_command.h"
 #include "core/start_up.h"
 #include "document/document.h"
+#include "ui/desktop_program.h"
 #include "ui/desktop_start_up.h"
 #include "ui/desktop_user_interface.h"
 #include "ui/form_window.h"
@@ -13,47 +13,17 @@
 #include "ui/line_icons.h"
 #include "ui/termination.h"
 
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
-
 #include <csignal>
-#include <exception>
 
 namespace sheetwright {
 
 namespace {
-
-// The words of Qt's own dialogs. Those of the program come from its dictionary.
-void SpeakTheSystemsLanguage(QApplication& desktop) {
-    auto* const words = new QTranslator(&desktop);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (words->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
-        desktop.installTranslator(words);
-}
 
 // Desktops know the program's windows by the name of its menu entry.
 void ShowIdentity(const Application& application) {
     QApplication::setWindowIcon(ProgramIcon(application.ViewerMode));
     QApplication::setDesktopFileName(application.ViewerMode ? QStringLiteral("sheetwright_viewer")
                                                             : QStringLiteral("sheetwright"));
-}
-
-// Any exception as a failure.
-void TellEscaped(Application& application) {
-    RunCommand(application, QStringLiteral("notify"), [] {
-        try {
-            throw;
-        } catch (const Failure&) {
-            throw;
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception& caught) {
-            throw Failure(failure::kInvalidCall, QString::fromLocal8Bit(caught.what()));
-        } catch (...) {
-            throw Failure(failure::kInvalidCall);
-        }
-    });
 }
 
 int Run(GuardedApplication& desktop) {
