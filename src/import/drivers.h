@@ -26,6 +26,9 @@ struct DriverButton {
     QString description;  // the driver's data folder, with trailing separator
 };
 
+// The driver that a button is for, as the page writes it.
+[[nodiscard]] QString DriverOf(const DriverButton& button);
+
 // The buttons for the drivers that a page names, as "<driver path>;<driver path>". A driver that isn't known
 // or can't be used has none. Reads the list of drivers again. Raises 457 for a driver that is named twice;
 // `buttons` then holds those before it.

@@ -118,11 +118,8 @@ Rows BulkEntries(const Application& application) {
     return {
         {.name = QStringLiteral("mnuEditImport"),
          .caption = application.Translate(QStringLiteral("&Import From Download Manager")),
-         .rule = CommandRule::Never},
-        {.name = QStringLiteral("mnuEditDrivers"),
-         .caption = application.Translate(QStringLiteral("driver")),
-         .rule = CommandRule::Never,
-         .isVisible = false},
+         .rule = CommandRule::Pages,
+         .isMenu = true},
         Divider(QStringLiteral("mnuEditDiv3")),
         {.name = QStringLiteral("mnuEditReplace"),
          .caption = application.Translate(QStringLiteral("&Replace...")),
@@ -133,7 +130,7 @@ Rows BulkEntries(const Application& application) {
          .rule = CommandRule::Never},
         {.name = QStringLiteral("mnuEditlists"),
          .caption = application.Translate(QStringLiteral("Lists...")),
-         .rule = CommandRule::Never},
+         .command = &FrameCommands::mnuEditlists_Click},
     };
 }
 
@@ -222,13 +219,14 @@ Rows HelpEntries(const Application& application) {
 Rows DriverEntries(const Application& application) {
     return {{.name = QStringLiteral("mnuDriverDownload"),
              .caption = application.Translate(QStringLiteral("Download...")),
-             .rule = CommandRule::Never},
+             .command = &FrameCommands::mnuDriverDownload_Click},
             {.name = QStringLiteral("mnuDriverImport"),
              .caption = application.Translate(QStringLiteral("Import...")),
-             .rule = CommandRule::Never},
+             .rule = CommandRule::Pages,
+             .command = &FrameCommands::mnuDriverImport_Click},
             {.name = QStringLiteral("mnuDriverEdit"),
              .caption = application.Translate(QStringLiteral("Edit...")),
-             .rule = CommandRule::Never}};
+             .command = &FrameCommands::mnuDriverEdit_Click}};
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ struct CommandRow {
     QList<QKeySequence> shortcuts = {};
     bool isCheckable = false;
     bool isVisible = true;
+    bool isMenu = false;  // its own entries are made when they are known
 };
 
 struct MenuRow {

@@ -2,7 +2,9 @@
 
 #include "core/application.h"
 #include "core/paths.h"
+#include "import/download_manager.h"
 #include "ui/desktop_user_interface.h"
+#include "ui/download_window.h"
 #include "ui/splash_window.h"
 
 #include <QDeadlineTimer>
@@ -54,7 +56,9 @@ void DesktopStartUp::CloseSplash() {
 }
 
 void DesktopStartUp::LoadMainWindow() {
-    m_frame = std::make_unique<mdiSheetwright>(m_application);
+    m_download = std::make_unique<DownloadWindow>(m_application);
+    m_frame = std::make_unique<mdiSheetwright>(m_application,
+                                               std::make_unique<DownloadManager>(m_application, *m_download));
     m_ui.UseStatusPanel(m_frame->Status());
 }
 

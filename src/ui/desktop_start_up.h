@@ -11,6 +11,7 @@
 namespace sheetwright {
 
 class DesktopUserInterface;
+class DownloadWindow;
 class SplashWindow;
 
 class DesktopStartUp : public StartUpActions {
@@ -46,6 +47,7 @@ class DesktopStartUp : public StartUpActions {
     QString m_program;
     InstanceClaim m_claim;
     std::unique_ptr<SplashWindow> m_splash;
+    std::unique_ptr<DownloadWindow> m_download;
     std::unique_ptr<mdiSheetwright> m_frame;
 };
 

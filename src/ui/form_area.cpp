@@ -112,17 +112,24 @@ void FormArea::NoteClosing(FormWindow& form) {
 // Also told when the last form is gone, and when another program comes to the front: then nothing changes.
 void FormArea::Activate(QMdiSubWindow* window) {
     if (window == nullptr || window->widget() == nullptr) {
+        if (Active() == nullptr) SetActive(nullptr);
         if (Changed) Changed();
         return;
     }
     FormWindow& form = FormIn(*window);
-    m_active = &form;
+    SetActive(&form);
     if (Activated) Activated(form);
+}
+
+void FormArea::SetActive(const QObject* form) {
+    const bool wasOther = m_active != nullptr && m_active != form;
+    m_active = form;
+    if (wasOther && Deactivated) Deactivated();
 }
 
 // Its window may still be about to go: who waits until messages were pumped waits behind that.
 void FormArea::Forget(QObject* form) {
-    if (m_active == form) m_active = nullptr;
+    if (m_active == form) SetActive(nullptr);
     const bool wasClosed = m_closing.erase(form) > 0;
     if (Changed) Changed();
     if (wasClosed && Closed)

@@ -40,12 +40,14 @@ class FormArea : public QMdiArea {
     // The form closes now: `Closed` is called when it is gone.
     void NoteClosing(FormWindow& form);
 
+    std::function<void()> Deactivated;  // another form comes to the front, or the last one is gone
     std::function<void(FormWindow&)> Activated;
     std::function<void()> Changed;  // other forms are open, or none is in front
     std::function<void()> Closed;   // a form is gone that a person has closed
 
   private:
     void Activate(QMdiSubWindow* window);
+    void SetActive(const QObject* form);
     void Forget(QObject* form);
 
     // Compared only: it may be a form that is just being destroyed.

@@ -18,6 +18,7 @@ class HelpWindow;
 class PageView;
 class frmSheetwright;
 class mdiSheetwright;
+struct DriverButton;
 struct OpenActions;
 
 class FrameCommands {
@@ -65,6 +66,17 @@ class FrameCommands {
     void cmd_nextpage_Click();
     void cmd_lastpage_Click();
 
+    // Starts the program in which the lists are kept.
+    void mnuEditlists_Click();
+
+    // A table of a driver into the form in front.
+    void mnuEditDrivers_Click(const QString& driver);
+    // The button of a driver, and the entries of its popup menu.
+    void tbToolBar_Driver(const DriverButton& button);
+    void mnuDriverDownload_Click();
+    void mnuDriverImport_Click();
+    void mnuDriverEdit_Click();
+
     // Behind each tick of the Options menu.
     void UpdateColours();
 
@@ -87,6 +99,7 @@ class FrameCommands {
 
   private:
     void WithForm(const std::function<void(frmSheetwright&)>& step);
+    void WithPopupTarget(const std::function<void(const DriverButton&)>& step);
     void WithView(const std::function<void(PageView&)>& step);
     [[nodiscard]] OpenActions Opening();
     void SetOpenFormByDialog(int tab);

@@ -5,6 +5,7 @@
 #include "document/recent_files.h"
 #include "ui/form_area.h"
 #include "ui/form_window.h"
+#include "ui/frame_commands.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -14,6 +15,15 @@
 #include <utility>
 
 namespace sheetwright {
+
+namespace {
+
+// In a caption an "&" would underline what follows.
+QString AsCaption(QString name) {
+    return name.replace(u'&', QStringLiteral("&&"));
+}
+
+}  // namespace
 
 bool IsAllowed(CommandRule rule, const FrameState& state) {
     const CommandStates& commands = state.commands;
@@ -55,8 +65,17 @@ void FrameMenus::AddMenu(const MenuRow& row, QMenuBar& bar) {
         AddEntry(entry, *menu);
 }
 
+QAction* FrameMenus::MakeEntry(const CommandRow& row, QMenu& menu) {
+    if (row.caption.isEmpty()) return menu.addSeparator();
+    if (!row.isMenu) return menu.addAction(row.caption);
+    QMenu* const more = menu.addMenu(row.caption);
+    more->setObjectName(row.name);
+    m_menus.insert(row.name, more);
+    return more->menuAction();
+}
+
 void FrameMenus::AddEntry(const CommandRow& row, QMenu& menu) {
-    QAction* const action = row.caption.isEmpty() ? menu.addSeparator() : menu.addAction(row.caption);
+    QAction* const action = MakeEntry(row, menu);
     action->setObjectName(row.name);
     action->setVisible(row.isVisible);
     m_entries.insert(row.name, action);
@@ -96,6 +115,20 @@ void FrameMenus::ShowRecentFiles(const RecentFiles& files) {
     }
 }
 
+void FrameMenus::ShowDrivers(const QStringList& names) {
+    QMenu& menu = Menu(QStringLiteral("mnuEditImport"));
+    menu.clear();
+    const QString entry = QStringLiteral("mnuEditDrivers");
+    for (const QString& name : names) {
+        QAction* const action = menu.addAction(AsCaption(name));
+        action->setObjectName(entry + QString::number(menu.actions().size() - 1));
+        connect(action, &QAction::triggered, this, [this, entry, name] {
+            m_run(entry, [name](FrameCommands& commands) { commands.mnuEditDrivers_Click(name); });
+        });
+    }
+    menu.menuAction()->setVisible(!names.isEmpty());
+}
+
 void FrameMenus::ListForms(FormArea& area) {
     QMenu& menu = Menu(QStringLiteral("mnuWindow"));
     menu.addSeparator();
@@ -106,9 +139,8 @@ void FrameMenus::ListFormsNow(FormArea& area) {
     qDeleteAll(m_forms->actions());
     const FormWindow* const front = area.Active();
     for (FormWindow* const form : area.Forms()) {
-        QString caption = form->Document().Caption;
         QAction* const action =
-            Menu(QStringLiteral("mnuWindow")).addAction(caption.replace(u'&', QStringLiteral("&&")));
+            Menu(QStringLiteral("mnuWindow")).addAction(AsCaption(form->Document().Caption));
         action->setCheckable(true);
         action->setChecked(form == front);
         connect(action, &QAction::triggered, form, [form, &area] { area.BringToFront(*form); });

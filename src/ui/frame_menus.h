@@ -40,6 +40,9 @@ class FrameMenus : public QObject {
 
     void Refresh(const FrameState& state);
     void ShowRecentFiles(const RecentFiles& files);
+    // The entries under `mnuEditImport`, `mnuEditDrivers0` and so on: one for each driver. Without any it
+    // hides.
+    void ShowDrivers(const QStringList& names);
     // Puts the open forms behind the entries of the Window menu each time that it shows.
     void ListForms(FormArea& area);
     // Of menus and entries.
@@ -48,6 +51,7 @@ class FrameMenus : public QObject {
   private:
     void AddMenu(const MenuRow& row, QMenuBar& bar);
     void AddEntry(const CommandRow& row, QMenu& menu);
+    [[nodiscard]] QAction* MakeEntry(const CommandRow& row, QMenu& menu);
     void ListFormsNow(FormArea& area);
 
     Run m_run;

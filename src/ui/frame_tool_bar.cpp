@@ -2,6 +2,7 @@
 
 #include "core/application.h"
 #include "document/closing.h"
+#include "ui/frame_drivers.h"
 #include "ui/frame_menus.h"
 #include "ui/line_icons.h"
 #include "ui/page_buttons.h"
@@ -36,6 +37,7 @@ FrameToolBar::FrameToolBar(const Application& application, const FrameMenus& men
     setIconSize(QSize(kIconSide, kIconSide));
     for (const ButtonRow& row : m_rows)
         AddButton(row, menus);
+    m_drivers = new FrameDrivers(*this);
     m_pageDivider = addSeparator();
     m_pages = new PageButtons(application, this);
     m_pagePanel = addWidget(m_pages);
@@ -48,6 +50,10 @@ void FrameToolBar::AddButton(const ButtonRow& row, const FrameMenus& menus) {
     action->setObjectName(row.key);
     connect(action, &QAction::triggered, this, [this, row] { m_run(row.key, row.command); });
     m_buttons.insert(row.key, action);
+}
+
+std::optional<DriverButton> FrameToolBar::DriverOfNumber(std::size_t number) const {
+    return number > m_rows.size() ? m_drivers->At(number - m_rows.size() - 1) : std::nullopt;
 }
 
 void FrameToolBar::Hide(QStringView key) {
@@ -100,6 +106,7 @@ void FrameToolBar::DrawIcons() {
     const QColor colour = palette().color(QPalette::ButtonText);
     for (const ButtonRow& row : m_rows)
         Button(row.key).setIcon(LineIcon(row.icon, colour));
+    m_drivers->SetIconColour(colour);
     m_pages->SetIconColour(colour);
 }
 

@@ -7,11 +7,15 @@
 #include <QHash>
 #include <QToolBar>
 
+#include <optional>
+
 namespace sheetwright {
 
+class FrameDrivers;
 class FrameMenus;
 class PageButtons;
 struct CommandStates;
+struct DriverButton;
 
 class FrameToolBar : public QToolBar {
   public:
@@ -21,6 +25,11 @@ class FrameToolBar : public QToolBar {
 
     [[nodiscard]] PageButtons& Pages() { return *m_pages; }
     [[nodiscard]] QAction& Button(const QString& key) const { return *m_buttons.value(key); }
+    [[nodiscard]] FrameDrivers& Drivers() { return *m_drivers; }
+    // Buttons count from 1, those of the drivers behind the others.
+    [[nodiscard]] std::size_t NumberOfDriver(std::size_t index) const { return m_rows.size() + index + 1; }
+    // None for a number that is no driver's.
+    [[nodiscard]] std::optional<DriverButton> DriverOfNumber(std::size_t number) const;
     void Hide(QStringView key);
 
     // `reportsSave`: the button Save is the host's.
@@ -41,6 +50,7 @@ class FrameToolBar : public QToolBar {
     std::vector<ButtonRow> m_rows;
     QHash<QString, QAction*> m_buttons;
     QHash<QString, QAction*> m_dividers;  // by the key of the button behind
+    FrameDrivers* m_drivers = nullptr;
     PageButtons* m_pages = nullptr;
     QAction* m_pagePanel = nullptr;
     QAction* m_pageDivider = nullptr;

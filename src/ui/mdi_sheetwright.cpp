@@ -4,6 +4,7 @@
 #include "core/run_command.h"
 #include "document/closing.h"
 #include "document/document.h"
+#include "import/download_root.h"
 #include "ui/add_page_dialog.h"
 #include "ui/file_drop.h"
 #include "ui/form_area.h"
@@ -38,8 +39,10 @@ QString MarkedCaption(QString caption) {
 
 }  // namespace
 
-mdiSheetwright::mdiSheetwright(Application& application)
-    : m_application(application),
+mdiSheetwright::mdiSheetwright(Application& application, std::unique_ptr<FETCHDOCK> dock)
+    : DownloadRoot(sheetwright::DownloadRoot(application)),
+      m_application(application),
+      m_dock(dock ? std::move(dock) : std::make_unique<NoFetchDock>()),
       m_area(new FormArea(this)),
       m_gate(new InputGate(*this)),
       m_commands(std::make_unique<FrameCommands>(application, *this)),
@@ -83,6 +86,7 @@ void mdiSheetwright::BuildToolBar() {
     connectTo(pages.Previous, "cmd_prevpage", &FrameCommands::cmd_prevpage_Click);
     connectTo(pages.Next, "cmd_nextpage", &FrameCommands::cmd_nextpage_Click);
     connectTo(pages.Last, "cmd_lastpage", &FrameCommands::cmd_lastpage_Click);
+    ConnectDrivers();
 }
 
 void mdiSheetwright::BuildStatusBar() {
@@ -101,6 +105,10 @@ void mdiSheetwright::BuildStatusBar() {
 
 void mdiSheetwright::ConnectArea() {
     m_area->setWindowIcon(windowIcon());
+    m_area->Deactivated = [this] {
+        sheetwright::RunCommand(m_application, QStringLiteral("Form_Deactivate"),
+                                [this] { ShowDrivers(QString()); });
+    };
     m_area->Activated = [this](FormWindow& form) { Activated(form); };
     m_area->Changed = [this] { Refresh(); };
     m_area->Closed = [this] { TellFormClosed(m_application, Timer); };
@@ -120,6 +128,7 @@ void mdiSheetwright::LoadSettings() {
     RestorePlacement(*this, m_application);
     for (const FrameOption& option : kFrameOptions)
         m_menus->SetTicked(option.entry, StoredTick(m_application, option));
+    UpdateImportDrivers();
 }
 
 void mdiSheetwright::StoreSettings() {
@@ -166,6 +175,10 @@ void mdiSheetwright::SetUndoEnabled(bool isEnabled) {
     } else {
         m_undoable.erase(form);
     }
+}
+
+bool mdiSheetwright::IsUndoEnabled() const {
+    return m_undoable.contains(Active());
 }
 
 bool mdiSheetwright::IsBlankTicked() const {

@@ -4,12 +4,15 @@
 // keeps nothing of a form: every command acts on the form in front.
 
 #include "core/main_window.h"
+#include "import/fetchdock.h"
 #include "ui/command_table.h"
 
 #include <QMainWindow>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -25,11 +28,12 @@ class FrameToolBar;
 class InputGate;
 class StatusPanel;
 class frmSheetwright;
+struct DriverButton;
 
 class mdiSheetwright : public QMainWindow, public MainWindow {
   public:
-    // Becomes the application's main window; `application` lives longer.
-    explicit mdiSheetwright(Application& application);
+    // Becomes the application's main window; `application` lives longer. Without `dock` nothing downloads.
+    explicit mdiSheetwright(Application& application, std::unique_ptr<FETCHDOCK> dock = nullptr);
     ~mdiSheetwright() override;
 
     [[nodiscard]] StatusPanel& Status() const;
@@ -43,6 +47,14 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     QString DialogFileName;
     void OpenTemplate(const QString& path);
     void OpenFromDialogSlot();
+
+    [[nodiscard]] FETCHDOCK& Dock() const { return *m_dock; }
+    QString DownloadRoot;          // as it was when the frame was made
+    std::int16_t PopupTarget = 0;  // button of the tool bar whose menu was asked for last, from 1
+    // The driver of that button; none when it is gone.
+    [[nodiscard]] std::optional<DriverButton> TargetOfPopup() const;
+    // The frame becomes the window that a person sees and types into.
+    void BringToFront();
 
     bool NoClose = false;           // the close box only minimises
     QString SaveButtonDescription;  // "ReportSave": the host saves when the button is clicked
@@ -66,12 +78,14 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     [[nodiscard]] bool IsEnabled() const override;
     void SetEnabled(bool isEnabled) override;
     void SetUndoEnabled(bool isEnabled) override;
+    [[nodiscard]] bool IsUndoEnabled() const override;
     [[nodiscard]] bool IsBlankTicked() const override;
     [[nodiscard]] QString PagePanel() const override;
     void SetPagePanel(const QString& text) override;
     void SetPageBox(const QString& text) override;
     void RefreshPageList(frmSheetwright& document) override;
-    void DriverSetup(const QString&) override {}  // no command imports
+    // Not while the form in front can't be changed.
+    void DriverSetup(const QString& drivers) override;
     void ShowAddPage(frmSheetwright& document) override;
     [[nodiscard]] int FreeResources() const override { return 100; }
 
@@ -102,8 +116,13 @@ class mdiSheetwright : public QMainWindow, public MainWindow {
     void RefreshCommands();
     void RefreshZoom();
     void PopUpEditMenu();
+    void ConnectDrivers();
+    void UpdateImportDrivers();
+    void ShowDrivers(const QString& drivers);
+    void PopUpDriverMenu(std::size_t index, const QPoint& place);
 
     Application& m_application;
+    std::unique_ptr<FETCHDOCK> m_dock;
     FormArea* m_area;
     InputGate* m_gate;
     std::unique_ptr<FrameCommands> m_commands;

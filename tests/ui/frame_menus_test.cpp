@@ -62,8 +62,8 @@ TEST_F(FrameMenusTest, Edit) {
         QStringList({S("mnuEditUndo &Undo"), S("mnuEditRevert Re&vert"), S("MnuEditUpdate Update &Formulas"),
                      S("mnuEditSetUndo &Set Undo Point"), S("mnuEditDiv"), S("mnuPageAdd &Add Page..."),
                      S("mnuPageRemove Re&move Page"), S("mnuPageGoto &Goto Page..."), S("mnuEditDiv2"),
-                     S("mnuEditImport &Import From Download Manager"), S("mnuEditDrivers driver"),
-                     S("mnuEditDiv3"), S("mnuEditReplace &Replace..."), S("mnuEditFill Column &Fill"),
+                     S("mnuEditImport &Import From Download Manager"), S("mnuEditDiv3"),
+                     S("mnuEditReplace &Replace..."), S("mnuEditFill Column &Fill"),
                      S("mnuEditlists Lists...")}));
 }
 
@@ -87,7 +87,7 @@ TEST_F(FrameMenusTest, DriverMenuOnlyPopsUp) {
 }
 
 TEST_F(FrameMenusTest, EntriesThatAreTheProgramsOwnStayHidden) {
-    for (const char* name : {"mnuEditRevert", "mnuEditSetUndo", "mnuEditDrivers", "mnuFileRecent0"})
+    for (const char* name : {"mnuEditRevert", "mnuEditSetUndo", "mnuFileRecent0"})
         EXPECT_FALSE(Action(name)->isVisible()) << name;
 }
 
@@ -171,8 +171,7 @@ TEST_F(FrameMenusTest, UndoBelongsToTheFormWithTheUndoPoint) {
 
 TEST_F(FrameMenusTest, WhatCantBeDoneYetIsDisabledAlsoWithAForm) {
     Open(S("form.aff"));
-    for (const char* name : {"mnuFilePreview", "mnuEditImport", "mnuEditReplace", "mnuEditFill",
-                             "mnuEditlists", "mnuOptionsPrefs"})
+    for (const char* name : {"mnuFilePreview", "mnuEditReplace", "mnuEditFill", "mnuOptionsPrefs"})
         EXPECT_FALSE(Action(name)->isEnabled()) << name;
 }
 

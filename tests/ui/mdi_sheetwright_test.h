@@ -43,8 +43,8 @@ class MdiSheetwrightTest : public ApplicationTest {
     }
     ~MdiSheetwrightTest() override { Unload(); }
 
-    void Load() {
-        m_frame = std::make_unique<mdiSheetwright>(*m_application);
+    void Load(std::unique_ptr<FETCHDOCK> dock = nullptr) {
+        m_frame = std::make_unique<mdiSheetwright>(*m_application, std::move(dock));
         m_frame->show();
         QApplication::setActiveWindow(m_frame.get());
     }
