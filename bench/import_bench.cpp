@@ -6,6 +6,7 @@
 #include "document/document.h"
 #include "document/document_commands.h"
 #include "import/import.h"
+#include "peak_memory.h"
 
 #include <QDir>
 #include <QFile>
@@ -113,6 +114,8 @@ void ImportRecords(benchmark::State& state) {
     Workplace workplace;
     const auto records = static_cast<int>(state.range(0));
     const QString table = workplace.Write(QStringLiteral("DRIVERS/meter/table.csv"), TableOf(records));
+    ResetPeakMemory();
+    const double before = MemoryOf("VmRSS:");
     for (auto _ : state) {
         state.PauseTiming();
         frmSheetwright& document = workplace.Open();
@@ -120,6 +123,7 @@ void ImportRecords(benchmark::State& state) {
         Import(document, table);
         if (document.Pages != (records + kLines - 1) / kLines) state.SkipWithError("other pages");
     }
+    state.counters["peak_MB"] = (MemoryOf("VmHWM:") - before) / 1e6;
     state.counters["records/s"] =
         benchmark::Counter(static_cast<double>(state.iterations() * records), benchmark::Counter::kIsRate);
 }
