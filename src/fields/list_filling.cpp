@@ -16,6 +16,7 @@
 #include "import/csv_table.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace sheetwright {
 
@@ -30,8 +31,9 @@ std::int16_t MultiRecordIndexOf(const FieldRecord& field) {
 
 class Filling {
   public:
-    Filling(frmSheetwright& document, CsvTable& list)
-        : m_document(document), m_list(list), m_listFolder(ListFolder(document.application)) {}
+    // `told` are alternatives whose columns are known to be missing; it takes those that are told here.
+    Filling(frmSheetwright& document, CsvTable& list, QSet<QString>& told)
+        : m_document(document), m_list(list), m_told(told), m_listFolder(ListFolder(document.application)) {}
 
     // All text elements but the one that `active` is. What is missing is told at the end: meanwhile messages
     // run, and the page may become another.
@@ -40,6 +42,7 @@ class Filling {
             for (int number = 1; number <= m_document.page->Entries.Count(); ++number)
                 if (ElementRef{ElementKind::Entry, number} != active) FillOne(number, multiRecordIndex);
         });
+        m_told.unite(QSet<QString>(m_missing.begin(), m_missing.end()));
         TellMissing();
         if (failed) throw Failure(*failed);
     }
@@ -53,7 +56,7 @@ class Filling {
         if (source.isEmpty() || MultiRecordIndexOf(field) != multiRecordIndex) return;
         const std::vector<QStringView> alternatives = StatementsOf(source);
         for (const QStringView& alternative : alternatives)
-            if (NamesList(alternative)) Take(number, alternative, &alternative == &alternatives.back());
+            Try(number, alternative, &alternative == &alternatives.back());
     }
 
     [[nodiscard]] bool NamesList(QStringView alternative) const {
@@ -62,13 +65,18 @@ class Filling {
                             m_list.FileName());
     }
 
-    void Take(int number, QStringView alternative, bool isLast) {
+    void Try(int number, QStringView alternative, bool isLast) {
         const auto take = [&] {
-            PutText(m_document, number,
-                    ListColumnOf(m_list, alternative, m_document.application.conventions).Value());
+            if (NamesList(alternative)) Take(number, alternative);
         };
         if (!isLast) return take();
-        if (Ignoring(take)) m_missing << alternative.toString();
+        const bool isMissing = Ignoring(take).has_value();
+        if (isMissing && !m_told.contains(alternative.toString())) m_missing << alternative.toString();
+    }
+
+    void Take(int number, QStringView alternative) {
+        const CsvColumn& column = ListColumnOf(m_list, alternative, m_document.application.conventions);
+        PutText(m_document, number, column.Value());
     }
 
     void TellMissing() const {
@@ -83,6 +91,7 @@ class Filling {
 
     frmSheetwright& m_document;
     CsvTable& m_list;
+    QSet<QString>& m_told;
     QString m_listFolder;
     QStringList m_missing;
 };
@@ -95,7 +104,8 @@ void FillFromList(frmSheetwright& document) {
     if (list == nullptr || !page.Entry.AttachedList().startsWith(u'@')) return;
     list->SetPosition(page.Entry.ListIndex() + 1);
     if (list->Position() < 1) return;
-    Filling(document, *list).FillAll(page.Entry.design.MultiRecordIndex, page.CurrentEntry);
+    QSet<QString> told;
+    Filling(document, *list, told).FillAll(page.Entry.design.MultiRecordIndex, page.CurrentEntry);
 }
 
 struct ListLookUps::OpenList {
@@ -140,7 +150,7 @@ void ListLookUps::Fill(int number, const QString& list) {
     m_document.EntryList = &opened.table;
     opened.table.SetPosition(opened.rows.value(page.Entries.At(number).text, 0));
     if (opened.table.Position() < 1) return;
-    Filling(m_document, opened.table)
+    Filling(m_document, opened.table, m_told)
         .FillAll(MultiRecordIndexOf(FieldRecord(m_document.application, *record)),
                  {ElementKind::Entry, number});
 }

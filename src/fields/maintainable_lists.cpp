@@ -73,13 +73,13 @@ class Installer {
         const bool isBareName = GetFolder(storedName).isEmpty();
         if (!isBareName || !IsContainedName(storedName) || !IsContainedName(path)) return;
         const BroughtList list{m_unpackedFolder + storedName, m_lists + path};
+        Ignoring([&] { QDir().mkpath(OnDisk(GetFolder(list.installed))); });
         if (!FileExists(TableOf(list.stored)) || FileExists(TableOf(list.installed))) return;
+        // The table comes last: a list whose table is there counts as installed.
         Ignoring([&] {
-            QDir().mkpath(OnDisk(GetFolder(list.installed)));
-            // The table comes last: a list whose table is there counts as installed.
             if (FileExists(TypesOf(list.stored))) Copy(TypesOf(list.stored), TypesOf(list.installed));
-            Copy(TableOf(list.stored), TableOf(list.installed));
         });
+        Ignoring([&] { Copy(TableOf(list.stored), TableOf(list.installed)); });
     }
 
     void Copy(const QString& from, const QString& to) {

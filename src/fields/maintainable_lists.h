@@ -3,6 +3,7 @@
 // Lists that are kept in files, once for all forms: how those that a form brings with it come into the list
 // folder, and how the row of the chosen item fills other fields of the page.
 
+#include <QSet>
 #include <QString>
 
 #include <map>
@@ -26,7 +27,7 @@ void SheetwrightLoadLists(const frmSheetwright& document);
 void FillFromList(frmSheetwright& document);
 
 // The same for fields that are filled by other means than the editor. Each list is read once, so that many
-// records can be looked up.
+// records can be looked up, and a column that is missing is told once.
 class ListLookUps {
   public:
     explicit ListLookUps(frmSheetwright& document);
@@ -46,6 +47,7 @@ class ListLookUps {
 
     frmSheetwright& m_document;
     std::map<QString, std::unique_ptr<OpenList>> m_lists;  // by the field's list
+    QSet<QString> m_told;                                  // alternatives whose columns are missing
 };
 
 }  // namespace sheetwright

@@ -11,8 +11,12 @@
 namespace sheetwright {
 
 void CsvTable::Sort(const QString& columnNames) {
+    Sort(columnNames.split(u','));
+}
+
+void CsvTable::Sort(const QStringList& columnNames) {
     std::vector<const CsvColumn*> columns;
-    for (const QString& name : columnNames.split(u','))
+    for (const QString& name : columnNames)
         columns.push_back(&ColumnNamed(name));
     for (const CsvColumn* column : columns | std::views::reverse)
         SortBy(*column);

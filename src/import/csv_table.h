@@ -84,6 +84,8 @@ class CsvTable {
     // NUMBER, DATE and BOOLEAN compare as numbers, blanks first; others by character code. Afterwards on the
     // first record. Raises 5 for a name that is no column, and leaves the table as it was.
     void Sort(const QString& columnNames);
+    // The same of names that may hold commas.
+    void Sort(const QStringList& columnNames);
 
     void MoveFirst();
     void MoveNext();  // past the last record there is no current one, and moving on stays there

@@ -3,6 +3,7 @@
 #include "core/application.h"
 #include "core/atomic_file.h"
 #include "core/failure.h"
+#include "core/keyed_collection.h"
 #include "core/paths.h"
 #include "import/csv_source.h"
 #include "import/download_problem.h"
@@ -16,6 +17,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace sheetwright {
 
@@ -48,15 +50,12 @@ bool IsTable(const CsvSource& source) {
 }
 
 void CheckColumns(const Application& application, const DriverFile& driver, const CsvSource& source) {
-    const std::vector<QString>& names = source.Names();
-    for (const QString& column : driver.columns) {
-        const bool isThere = std::any_of(names.begin(), names.end(), [&](const QString& name) {
-            return name.compare(column, Qt::CaseInsensitive) == 0;
-        });
-        if (isThere) continue;
-        RaiseProblem(application.Translate(QStringLiteral("The table from %1 has no column \"%2\"."),
-                                           Parameters({driver.caption, column})));
-    }
+    using NameSet = std::unordered_set<QString, CaseInsensitiveHash, CaseInsensitiveEqual>;
+    const NameSet names(source.Names().begin(), source.Names().end());
+    for (const QString& column : driver.columns)
+        if (!names.contains(column))
+            RaiseProblem(application.Translate(QStringLiteral("The table from %1 has no column \"%2\"."),
+                                               Parameters({driver.caption, column})));
 }
 
 void CheckRecords(const Application& application, const DriverFile& driver, const CsvSource& source) {

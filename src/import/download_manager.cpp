@@ -114,6 +114,7 @@ QString Put(const Application& application, const DriverFile& driver, const QByt
 DownloadManager::DownloadManager(Application& application, DownloadProgress& progress)
     : m_application(application), m_progress(progress) {}
 
+// It may not be there before the shipped drivers are.
 QString DownloadManager::Directory() const {
     static_cast<void>(Drivers());
     return DirectoryOf(m_application);

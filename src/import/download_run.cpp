@@ -107,9 +107,9 @@ void DownloadRun::Wait() {
 
 // What the program has started and left running.
 void DownloadRun::EndGroup() {
-    if (!IsGroupThere(m_group)) return;
     const int grace = m_kill.isActive() ? m_kill.remainingTime() : kGrace;
     m_kill.stop();
+    if (!IsGroupThere(m_group)) return;
     TerminateGroup(m_group);
     WaitForGroup(grace);
     KillGroup(m_group);

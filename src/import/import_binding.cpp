@@ -69,12 +69,17 @@ void AppendDesigns(std::vector<ElementDesign>& designs, const frmSheetwright& do
 }
 
 // Elements without a data source take no column.
-std::vector<ElementDesign> DesignsOnPage(const frmSheetwright& document) {
-    std::vector<ElementDesign> designs;
-    AppendDesigns(designs, document, document.page->FieldProperties, DesignOfField);
-    AppendDesigns(designs, document, document.page->CheckProperties, DesignOfCheck);
-    return designs;
-}
+struct PageDesigns {
+    explicit PageDesigns(const frmSheetwright& document) {
+        AppendDesigns(all, document, document.page->FieldProperties, DesignOfField);
+        AppendDesigns(all, document, document.page->CheckProperties, DesignOfCheck);
+        for (int place = 0; place < std::ssize(all); ++place)
+            sources.Add(all[static_cast<std::size_t>(place)].dataSource, place);
+    }
+
+    std::vector<ElementDesign> all;
+    DataSourceIndex sources;  // by place in `all`
+};
 
 void SetKey(QStringList& keys, std::int16_t level, const QString& name) {
     if (level < 1) return;
@@ -82,13 +87,12 @@ void SetKey(QStringList& keys, std::int16_t level, const QString& name) {
     keys[level - 1] = name;
 }
 
-void BindColumn(ImportBinding& binding, const CsvColumn& column, const std::vector<ElementDesign>& designs,
+void BindColumn(ImportBinding& binding, const CsvColumn& column, const PageDesigns& designs,
                 const QString& sourceFolder) {
-    const QString target = column.Name() + u',' + sourceFolder;
     BoundColumn bound;
     bound.column = &column;
-    for (const ElementDesign& design : designs) {
-        if (!CmpDataSource(design.dataSource, target)) continue;
+    for (const int place : designs.sources.Find(column.Name() + u',' + sourceFolder)) {
+        const ElementDesign& design = designs.all[static_cast<std::size_t>(place)];
         bound.elements.push_back(design.element);
         SetKey(binding.keys, design.keyLevel, column.Name());
     }
@@ -104,7 +108,7 @@ bool IsNamed(const BoundColumn& column, const QString& name) {
 ImportBinding BindColumns(const frmSheetwright& document, CsvTable& table, const QString& sourceFolder,
                           ProgressBar& bar) {
     ImportBinding binding;
-    const std::vector<ElementDesign> designs = DesignsOnPage(document);
+    const PageDesigns designs(document);
     const int count = table.Columns().Count();
     NameSet names;
     for (int number = 1; number <= count; ++number) {
@@ -142,12 +146,12 @@ void PutKeysFirst(ImportBinding& binding) {
     }
 }
 
-QString SortListOf(const QStringList& keys) {
+QStringList SortListOf(const QStringList& keys) {
     NameSet names;
     QStringList list;
     for (const QString& name : keys)
         if (names.insert(name).second) list << name;
-    return list.join(u',');
+    return list;
 }
 
 }  // namespace sheetwright

@@ -53,6 +53,6 @@ struct ImportBinding {
 void PutKeysFirst(ImportBinding& binding);
 
 // For `CsvTable::Sort`: a column that is a key again orders nothing more.
-[[nodiscard]] QString SortListOf(const QStringList& keys);
+[[nodiscard]] QStringList SortListOf(const QStringList& keys);
 
 }  // namespace sheetwright

@@ -27,6 +27,14 @@ TEST_F(LineReaderConfiguration, FieldsAtFixedPositionsAreCutOut) {
                   "Line 1 does not fit: it has 4 characters, the last field starts at 5: \"  12\"");
 }
 
+TEST_F(LineReaderConfiguration, FixedPositionsCutNoCharacterInHalf) {
+    Configure("Separator=fixed\n", "Point=1,3\nReading=4,2\n");
+    EXPECT_EQ(Receive({"1😀25\n"}).status, 0);
+    EXPECT_EQ(Output(), "Point,Reading\r\n1😀,25\r\n");
+    ExpectNothing(Receive({"12😀5\n"}),
+                  "Line 1 does not fit: column \"Point\" begins or ends within a character: \"12😀5\"");
+}
+
 TEST_F(LineReaderConfiguration, DatesBecomeEightDigits) {
     Configure("", "A=1 | date dd.MM.yyyy\nB=2 | date d/M/yy*\nC=3 | date dd-MMM-yyyy\n");
     EXPECT_EQ(Receive({" 12.03.2026 ,2/3/26 10:15,09-mar-2026\n29.02.2000,29/2/00,\n"}).status, 0);

@@ -39,9 +39,11 @@ TEST_F(LineReader, LinesMayEndInAnyBytes) {
 }
 
 TEST_F(LineReader, WhatFollowsTheEndMarkIsNotRead) {
-    Configure("EndMark=END\n");
-    EXPECT_EQ(Receive({"1,2\nEND\nnonsense\n"}).status, 0);
-    EXPECT_EQ(Output(), "Point,Reading\r\n1,2\r\n");
+    Configure("EndMark=END\nMaximumLineLength=10\n");
+    for (const QByteArray& rest : {QByteArray("nonsense\n"), QByteArray(1'000, 'x')}) {
+        EXPECT_EQ(Receive({"1,2\nEND\n" + rest}).status, 0);
+        EXPECT_EQ(Output(), "Point,Reading\r\n1,2\r\n");
+    }
 }
 
 TEST_F(LineReader, AnEndMarkNeedsNoLineEndBeforeTheConnectionCloses) {

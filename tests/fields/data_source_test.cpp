@@ -51,6 +51,19 @@ TEST(CmpDataSource, EmptyRemainderMatchesNothing) {
     EXPECT_TRUE(CmpDataSource(u"a,b;", u"a,b"));
 }
 
+TEST(DataSourceIndex, FindsEachElementOnceInItsOrder) {
+    DataSourceIndex index;
+    index.Add(QStringLiteral("*,Probe/Data;name,probe\\data"), 1);
+    index.Add(QStringLiteral("other,probe"), 2);
+    index.Add(QStringLiteral("NAME,PROBE\\DATA;NAME,PROBE\\DATA"), 5);
+    index.Add(QStringLiteral(""), 6);
+    EXPECT_EQ(index.Find(u"name,probe\\data"), (std::vector<int>{1, 5}));
+    EXPECT_EQ(index.Find(u"third,PROBE/data"), std::vector<int>{1});
+    EXPECT_EQ(index.Find(u"other,probe"), std::vector<int>{2});
+    EXPECT_TRUE(index.Find(u"name").empty());
+    EXPECT_TRUE(index.Find(u"").empty());
+}
+
 }  // namespace
 
 }  // namespace sheetwright

@@ -1,5 +1,8 @@
 #include "core/folders.h"
 #include "fields/maintainable_lists.h"
+#include "formula/evaluation_context.h"
+#include "formula/evaluator.h"
+#include "formula/value_conversion.h"
 #include "import/csv_table.h"
 #include "support/page_of_elements.h"
 
@@ -47,6 +50,37 @@ TEST_F(FillingFromAList, TheListStandsAtTheChosenRow) {
     EXPECT_EQ(m_document.EntryList->Position(), 2);
     Pick(0);
     EXPECT_EQ(m_document.EntryList->Position(), 1);
+}
+
+TEST_F(FillingFromAList, FormulasReadTheChosenRow) {
+    Pick(1);
+    EvaluationContext context{*m_application,      m_document.memory,    m_application->FormVars,
+                              m_document.words,    m_document.MyTempDir, m_document.DataPageNum,
+                              m_document.MePage,   m_document.Me,        &m_document.DriverData,
+                              m_document.EntryList};
+    const auto told = [&](const char* reference) {
+        return sheetwright::TextOf(Evaluator(context).Evaluate(S(reference)), m_application->conventions);
+    };
+    EXPECT_EQ(told("{LISTS\\towns,Code}"), S("12"));
+    EXPECT_EQ(told("{lists\\anything,code}"), S("12"));
+    EXPECT_EQ(told("{LISTS\\towns,Since}"), S("01/01/2000")) << "a date as people read it";
+    EXPECT_EQ(told("{LISTS\\towns,Land}"), QString());
+    m_page.Entry.ReportPick(0);
+    EXPECT_EQ(told("{LISTS\\towns,Code}"), S("007"));
+}
+
+TEST_F(FillingFromAList, CaseDoesNotCountOnTheDisk) {
+    Write(S("Mine/Lists/North/TOWNS.CSV"), "Town,Since\r\nKiel,20000101\r\n");
+    Write(S("Mine/Lists/North/Towns.Inf"), "[since]\r\nDataType=DATE\r\n");
+    SetListFolder(*m_application, m_folder.filePath(S("mine")));
+    const int town = AddField({}, {S("List=@LISTS\\north\\towns,TOWN")});
+    const int since = AddTaker(S("lists\\NORTH\\towns,SINCE"));
+    Enter(town);
+    ASSERT_EQ(m_page.Entry.ListCount(), 1);
+    m_page.Entry.ReportPick(0);
+    EXPECT_EQ(TextOf(since), S("20000101"));
+    EXPECT_EQ(m_document.EntryList->Columns().At(S("Since")).DataType(), S("DATE"));
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList());
 }
 
 TEST_F(FillingFromAList, TwoFieldsWithTheSameListAndDifferentColumnsAreBothFilled) {
@@ -170,6 +204,22 @@ TEST_F(FillingFromAList, AMissingColumnOfAnEarlierAlternativeFails) {
     EXPECT_EQ(m_page.Entry.Value(), S("Ulm")) << "the item is chosen";
 }
 
+TEST_F(FillingFromAList, BehindTheLastSemicolonStandsAnAlternativeEvenIfItIsEmpty) {
+    AddTaker(S("LISTS\\towns,Land;"));
+    Enter(1);
+    EXPECT_EQ(FailureOf([&] { m_page.Entry.ReportPick(1); }), failure::kInvalidCall);
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList());
+}
+
+TEST_F(FillingFromAList, AnAlternativeThatNamesNoListIsNotMissed) {
+    AddTaker(S("1E999,Code"));
+    AddTaker(S("9").repeated(400) + S(",Code"));
+    const int code = AddTaker(S("LISTS\\towns,Code"));
+    Pick(1);
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList());
+    EXPECT_EQ(TextOf(code), S("12"));
+}
+
 TEST_F(FillingFromAList, TypingFillsNothing) {
     const int code = AddTaker(S("LISTS\\towns,Code"));
     Enter(1);
@@ -289,6 +339,14 @@ TEST_F(LookingUpLists, AFieldThatIsNotThereIsNoMatter) {
     m_lookUps.Fill(0, S("@LISTS\\towns,Town"));
     m_lookUps.Fill(99, S("@LISTS\\towns,Town"));
     EXPECT_EQ(m_document.EntryList, nullptr);
+}
+
+TEST_F(LookingUpLists, AMissingColumnIsToldOnceForManyRecords) {
+    AddTaker(S("LISTS\\towns,Land"));
+    Fill(S("Ulm"));
+    Fill(S("Bern"));
+    EXPECT_EQ(m_ui.messages, std::vector{Missing("LISTS\\towns,Land")});
+    EXPECT_EQ(TextOf(m_code), S("007"));
 }
 
 TEST_F(LookingUpLists, EachListIsReadOnce) {

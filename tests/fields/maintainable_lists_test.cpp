@@ -163,6 +163,21 @@ TEST_F(InstallingLists, AListWhoseCopyFailsStaysAbsentWithoutAMessage) {
     EXPECT_EQ(ErrorRows().size(), 0U);
 }
 
+TEST_F(InstallingLists, TypesWhoseCopyFailsDoNotKeepTheListAway) {
+    Write(S("mine/LISTS/towns.inf/in the way"), "");
+    Bring(S("17"));
+    Write(S("TEMP/1/17.inf"), "types");
+    Install("17,towns");
+    EXPECT_EQ(Installed(), (QStringList{S("LISTS/towns.csv"), S("LISTS/towns.inf/in the way")}));
+    EXPECT_EQ(m_ui.MessageTexts(), QStringList());
+}
+
+TEST_F(InstallingLists, AFolderIsMadeAlsoForAListThatTheFormLacks) {
+    Install("gone,north\\towns");
+    EXPECT_EQ(Installed(), QStringList());
+    EXPECT_TRUE(QDir(m_folder.filePath(S("mine/LISTS/north"))).exists());
+}
+
 TEST_F(InstallingLists, CaseDoesNotCountOnTheDisk) {
     Write(S("mine/Lists/North/Towns.csv"), "Town\r\nUlm\r\n");
     Bring(S("Stored"));

@@ -81,6 +81,13 @@ TEST_F(CsvOrderTest, ANameThatIsNoColumnRaises5AndLeavesTheOrder) {
     EXPECT_EQ(Ids(), QStringLiteral("21"));
 }
 
+TEST_F(CsvOrderTest, AListOfNamesMayHoldCommas) {
+    Open("Id,\"a,b\"\n1,y\n2,x\n3,x\n");
+    m_table.Sort(QStringList{QStringLiteral("a,b"), QStringLiteral("Id")});
+    EXPECT_EQ(Ids(), QStringLiteral("231"));
+    EXPECT_EQ(FailureOf([&] { m_table.Sort(QStringLiteral("a,b")); }), 5);
+}
+
 TEST_F(CsvOrderTest, AnEmptyTableSorts) {
     Open("Id\n");
     m_table.Sort(QStringLiteral("Id"));

@@ -25,6 +25,14 @@ TEST_F(DownloadRootTest, IsTheSettingWithoutTrailingSeparators) {
     EXPECT_EQ(RootOf(QStringLiteral("/srv/manager//")), QStringLiteral("/srv/manager"));
 }
 
+TEST_F(DownloadRootTest, SettingBelongsToTheTranslatedName) {
+    m_application->dictionary.Load(
+        Write(QStringLiteral("Sheetwright.DIC"), "Download Manager,Abholer\r\n"));
+    m_application->settings.Write(QStringLiteral("Abholer"), QStringLiteral("Settings"),
+                                  QStringLiteral("Directory"), QStringLiteral("/srv/abholer"));
+    EXPECT_EQ(DownloadRoot(*m_application), QStringLiteral("/srv/abholer"));
+}
+
 }  // namespace
 
 }  // namespace sheetwright

@@ -42,6 +42,41 @@ TEST_F(ImportRules, TriggerWordsThatAreNotTrueAreNone) {
     EXPECT_EQ(Pages(), QStringList{S("b")});
 }
 
+TEST_F(ImportRules, TriggerWordMayBeTranslated) {
+    Write(S("words.DIC"), "ENGLISH,TRANSLATION\r\nTrue,Wahr\r\nFalse,Falsch\r\n");
+    m_application->LoadDictionary(Path(S("words.DIC")));
+    FormText form;
+    form.Page(S("A")).Field(S("k"), Takes(S("K"), 0, {S("NewPageOnReoccur=Wahr")}));
+    form.Field(S("l"), Takes(S("L"), 0, {S("NewPageOnReoccur=Falsch")})).Data(1, {});
+    Pour(form, "K,L\r\na,1\r\n,2\r\nb,3\r\n");
+    EXPECT_EQ(Pages(), (QStringList{S("a|2"), S("b|3")}));
+}
+
+TEST_F(ImportRules, ColumnBehindThePageTriggerFiresNoChangeOnTheNewPage) {
+    FormText form;
+    form.Page(S("A")).Field(S("k"), Takes(S("K"), 0, {S("NewPageOnReoccur=True")}));
+    form.Field(S("l"), Takes(S("L"), 0, kNewPage)).Data(1, {});
+    Pour(form, "K,L\r\na,1\r\nb,2\r\n");
+    EXPECT_EQ(Pages(), (QStringList{S("a|1"), S("b|2")}));
+}
+
+// Fields come first, whatever their place in the design.
+TEST_F(ImportRules, CheckBoxOfTheTriggersColumnIsNotReachedOnTheOldPage) {
+    FormText form;
+    form.Page(S("A")).CheckBox(S("c"), Takes(S("K"))).Field(S("k"), Takes(S("K"), 0, kNewPage)).Data(1, {});
+    Pour(form, "K\r\n1\r\n2\r\n");
+    EXPECT_EQ(Pages(), (QStringList{S("1|1"), S("2|2")}));
+}
+
+// The column of the line trigger isn't entered as seen, and so it would be a change on the next line, too.
+TEST_F(ImportRules, ColumnOfALineTriggerIsNotSeenBeforeItIsWritten) {
+    FormText form;
+    form.Page(S("A"));
+    Lines(form, S("K"), 4, {S("NewLineOnChange=True")});
+    Pour(form.Data(1, {S("K 2=x"), S("K 3=y")}), "K\r\na\r\nb\r\nb\r\n");
+    EXPECT_EQ(Pages(), QStringList{S("a|x|y|b")});
+}
+
 TEST_F(ImportRules, BlankBetweenEqualValuesBeginsALine) {
     FormText form;
     form.Page(S("A"));

@@ -123,6 +123,15 @@ TEST_F(ImportRunTest, HighestKeyLevelCostsOneSort) {
     EXPECT_EQ(Pages(), (QStringList{S("a"), S("b")}));
 }
 
+TEST_F(ImportRunTest, NameOfAKeyColumnMayHoldACommaOrBeBlank) {
+    FormText form = OneField(Takes(S("Serial, maker"), 0, {S("KeyLevel=1"), S("NewPageOnReoccur=True")}));
+    Pour(form, "V,\"Serial, maker\"\r\n1,b\r\n2,a\r\n");
+    EXPECT_EQ(Pages(), (QStringList{S("a"), S("b")}));
+    FormText blank = OneField(Takes({}, 0, {S("KeyLevel=1"), S("NewPageOnReoccur=True")}));
+    Pour(blank, "V,\r\n1,b\r\n2,a\r\n");
+    EXPECT_EQ(Pages(), (QStringList{S("a"), S("b")}));
+}
+
 TEST_F(ImportRunTest, FormKeepsACopyOfEachFile) {
     FormText form = OneField(Takes(S("V")));
     Pour(form, "V\r\na\r\n");
@@ -293,6 +302,16 @@ TEST_F(LinkedImport, PageThatIsNotNamedTakesNothingAndNothingIsSaid) {
     EXPECT_TRUE(m_ui.statuses.isEmpty());
     EXPECT_TRUE(m_ui.messages.empty());
     EXPECT_FALSE(QFileInfo::exists(Path(S("temporary/import1.csv"))));
+}
+
+TEST_F(LinkedImport, NextImportBeginsAnew) {
+    FormText form = Pair();
+    PourPair(form.Data(1, {}), "K\r\na\r\n");
+    Turn(1);
+    Import(*m_document, WriteTable("K\r\nb\r\n"));
+    EXPECT_EQ(Designs(), (QStringList{S("1:a"), S("2:a"), S("1:b"), S("2:b")}));
+    Import(*m_document, WriteTable("K\r\nc\r\n"));
+    EXPECT_EQ(m_document->Pages, 4) << "a page of the second design isn't named";
 }
 
 TEST_F(LinkedImport, BothRunsKeepACopy) {

@@ -14,28 +14,10 @@ namespace sheetwright::cli {
 
 namespace {
 
-class PageOnScreen {
-  public:
-    PageOnScreen(frmSheetwright& document, int page) : m_document(document), m_shown(document.DataPageNum) {
-        UsePageOnScreen(document);
-        Show(page);
-    }
-    ~PageOnScreen() {
-        UseHeadlessPage(m_document);
-        Show(m_shown);
-    }
-    PageOnScreen(const PageOnScreen&) = delete;
-    PageOnScreen& operator=(const PageOnScreen&) = delete;
-
-  private:
-    void Show(int page) {
-        m_document.DataPageNum = static_cast<std::int16_t>(page);
-        LoadPage(m_document);
-    }
-
-    frmSheetwright& m_document;
-    int m_shown;
-};
+void Show(frmSheetwright& document, int page) {
+    document.DataPageNum = static_cast<std::int16_t>(page);
+    LoadPage(document);
+}
 
 void RequirePair(const frmSheetwright& document, const ImportTable& table) {
     if (!HasLinkedPages(document) || CompanionOfPage(document)) return;
@@ -49,8 +31,8 @@ void RequireColumns(const ImportResult& result, const ImportTable& table) {
     CsvTable file;
     file.SetFileName(table.path);
     if (file.Columns().Count() == 0) throw CommandError(table.path + QStringLiteral(" has no header"));
-    throw CommandError(
-        QStringLiteral("no column of %1 fills anything on page %2").arg(table.path).arg(table.page));
+    throw CommandError(QStringLiteral("no column of %1 fills anything on page %2")
+                           .arg(table.path, QString::number(table.page)));
 }
 
 QString Counted(std::int64_t count, const QString& one, const QString& many) {
@@ -63,11 +45,15 @@ QString Counted(std::int64_t count, const QString& one, const QString& many) {
 ImportResult TakeTable(frmSheetwright& document, const ImportTable& table) {
     RequireReadable(document.application, table.path);
     RequirePage(document, table.page);
-    const PageOnScreen page(document, table.page);
+    const int shown = document.DataPageNum;
+    UsePageOnScreen(document);
+    Show(document, table.page);
     RequirePair(document, table);
     const ImportResult result = Import(document, QFileInfo(OnDisk(table.path)).absoluteFilePath());
     RequireColumns(result, table);
     SavePage(document);
+    UseHeadlessPage(document);
+    Show(document, shown);
     return result;
 }
 

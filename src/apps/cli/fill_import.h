@@ -15,7 +15,7 @@ struct ImportTable {
 
 // Shows the page, imports the table into it, stores it, and goes back to the headless page. Raises
 // CommandError for a page or table that isn't there and for a table of which nothing comes into the form, and
-// what `Import` raises.
+// what `Import` raises; the document is of no use then.
 ImportResult TakeTable(frmSheetwright& document, const ImportTable& table);
 
 // "imported 12 records, 1 page added"

@@ -27,7 +27,7 @@ std::unique_ptr<QTcpSocket> ConnectedSocket(const ConnectionConfig& config) {
     socket->setReadBufferSize(kHeldBack);
     socket->connectToHost(config.host, static_cast<quint16>(config.port));
     if (!socket->waitForConnected(config.connectTimeout))
-        Break(QStringLiteral("No connection to %1, port %2").arg(config.host).arg(config.port),
+        Break(QStringLiteral("No connection to %1, port %2").arg(config.host, QString::number(config.port)),
               socket->errorString());
     return socket;
 }
@@ -95,7 +95,7 @@ void ReceiveFromInstrument(const ConnectionConfig& config, Transmission& transmi
         Send(*port, config);
         Receive(*port, config, transmission);
     } else {
-        tell(QStringLiteral("Connecting to %1, port %2").arg(config.host).arg(config.port));
+        tell(QStringLiteral("Connecting to %1, port %2").arg(config.host, QString::number(config.port)));
         const std::unique_ptr<QTcpSocket> socket = ConnectedSocket(config);
         Send(*socket, config);
         Receive(*socket, config, transmission);

@@ -1,12 +1,15 @@
 #include "apps/line_reader/ini_text.h"
 
 #include "core/failure.h"
+#include "core/keyed_collection.h"
 #include "core/text.h"
 #include "import/csv_codec.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <unordered_set>
+#include <utility>
 
 namespace sheetwright {
 
@@ -23,21 +26,40 @@ bool IsSame(QStringView name, QStringView other) {
     RefuseConfiguration(QStringLiteral("line %1: %2").arg(QString::number(line), text));
 }
 
-void AddSection(std::vector<IniSection>& sections, QStringView name, int line) {
-    if (std::ranges::any_of(sections, [&](const IniSection& section) { return IsSame(section.name, name); }))
-        RefuseLine(line, QStringLiteral("section [%1] is given twice").arg(name));
-    sections.push_back({name.toString(), {}});
-}
+class IniParser {
+  public:
+    void Take(QStringView line, int number) {
+        if (line.startsWith(u'[') && line.endsWith(u']')) {
+            AddSection(line.sliced(1, line.size() - 2).trimmed(), number);
+        } else {
+            AddEntry(line, number);
+        }
+    }
+    [[nodiscard]] std::vector<IniSection> TakeSections() { return std::move(m_sections); }
 
-void AddEntry(std::vector<IniSection>& sections, QStringView text, int line) {
-    const QStringView key = KeyOf(text).trimmed();
-    if (key.isEmpty()) RefuseLine(line, QStringLiteral("\"%1\" is no \"key = value\"").arg(text));
-    if (sections.empty()) RefuseLine(line, QStringLiteral("\"%1\" stands before the first section").arg(key));
-    std::vector<IniEntry>& entries = sections.back().entries;
-    if (std::ranges::any_of(entries, [&](const IniEntry& entry) { return IsSame(entry.key, key); }))
-        RefuseLine(line, QStringLiteral("\"%1\" is given twice").arg(key));
-    entries.push_back({key.toString(), ValueOf(text).trimmed().toString(), line});
-}
+  private:
+    using Names = std::unordered_set<QString, CaseInsensitiveHash, CaseInsensitiveEqual>;
+
+    void AddSection(QStringView name, int line) {
+        if (!m_names.insert(name.toString()).second)
+            RefuseLine(line, QStringLiteral("section [%1] is given twice").arg(name));
+        m_keys.clear();
+        m_sections.push_back({name.toString(), {}});
+    }
+    void AddEntry(QStringView text, int line) {
+        const QStringView key = KeyOf(text).trimmed();
+        if (key.isEmpty()) RefuseLine(line, QStringLiteral("\"%1\" is no \"key = value\"").arg(text));
+        if (m_sections.empty())
+            RefuseLine(line, QStringLiteral("\"%1\" stands before the first section").arg(key));
+        if (!m_keys.insert(key.toString()).second)
+            RefuseLine(line, QStringLiteral("\"%1\" is given twice").arg(key));
+        m_sections.back().entries.push_back({key.toString(), ValueOf(text).trimmed().toString(), line});
+    }
+
+    std::vector<IniSection> m_sections;
+    Names m_names;  // of the sections
+    Names m_keys;   // of the last one
+};
 
 std::optional<char> ControlCharacter(QChar letter) {
     switch (letter.unicode()) {
@@ -91,17 +113,12 @@ void RefuseConfiguration(const QString& text) {
 }
 
 std::vector<IniSection> ParseIni(QStringView text) {
-    std::vector<IniSection> sections;
+    IniParser parser;
     for (int number = 1; !text.isEmpty(); ++number) {
         const QStringView line = TakeLine(text).trimmed();
-        if (line.isEmpty() || line.startsWith(u';') || line.startsWith(u'#')) continue;
-        if (line.startsWith(u'[') && line.endsWith(u']')) {
-            AddSection(sections, line.sliced(1, line.size() - 2).trimmed(), number);
-        } else {
-            AddEntry(sections, line, number);
-        }
+        if (!line.isEmpty() && !line.startsWith(u';') && !line.startsWith(u'#')) parser.Take(line, number);
     }
-    return sections;
+    return parser.TakeSections();
 }
 
 SectionReader::SectionReader(const std::vector<IniSection>& sections, QStringView name)

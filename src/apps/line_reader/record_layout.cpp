@@ -19,6 +19,12 @@ constexpr std::size_t kMostColumns = 32'767;
     throw Failure(failure::kInvalidFormat, text.arg(found).arg(needed));
 }
 
+// Rare characters take two positions.
+[[noreturn]] void RefuseCutCharacter(const ColumnRule& column) {
+    throw Failure(failure::kInvalidFormat,
+                  QStringLiteral("column \"%1\" begins or ends within a character").arg(column.name));
+}
+
 }  // namespace
 
 QStringList CsvValues(const QString& line) {
@@ -78,8 +84,10 @@ QStringList RecordLayout::FieldsOf(const QString& line) const {
 QString RecordLayout::ValueOf(const ColumnRule& column, const QString& line,
                               const QStringList& fields) const {
     if (column.isConstant) return column.constant;
-    const bool isFixed = m_separation == Separation::Fixed;
-    return Converted(column, isFixed ? line.mid(column.start - 1, column.length) : fields[column.start - 1]);
+    if (m_separation != Separation::Fixed) return Converted(column, fields[column.start - 1]);
+    const QString value = line.mid(column.start - 1, column.length);
+    if (!value.isValidUtf16()) RefuseCutCharacter(column);
+    return Converted(column, value);
 }
 
 QStringList RecordLayout::RecordOf(const QString& line) const {

@@ -48,8 +48,9 @@ void Transmission::Take(QByteArrayView bytes) {
     const QByteArray& mark = m_config.lines.end;
     qsizetype start = 0;
     qsizetype end = m_pending.indexOf(mark, m_searched);
-    for (; end >= 0 && !m_isOver; end = m_pending.indexOf(mark, start)) {
+    for (; end >= 0; end = m_pending.indexOf(mark, start)) {
         TakeLine(WithoutLineEnd(start, end));
+        if (m_isOver) return;
         start = end + mark.size();
     }
     m_pending.remove(0, start);
