@@ -2,6 +2,8 @@
 
 #include "core/application.h"
 
+#include <QKeyEvent>
+
 namespace sheetwright {
 
 namespace {
@@ -247,6 +249,11 @@ std::vector<ListTableMenu> ListTableMenus(const Application& application) {
          Joined(ColumnActions(application), {SortActions(application)})},
         {QStringLiteral("mnuHelp"), application.Translate(QStringLiteral("&Help")), HelpActions(application)},
     };
+}
+
+bool IsTextKey(const QKeyEvent& key) {
+    const QKeyCombination keys = key.keyCombination();
+    return keys == QKeyCombination(Qt::Key_Insert) || keys == (Qt::CTRL | Qt::Key_Delete);
 }
 
 }  // namespace sheetwright

@@ -8,6 +8,8 @@
 
 #include <vector>
 
+class QKeyEvent;
+
 namespace sheetwright {
 
 class Application;
@@ -70,5 +72,8 @@ struct ListTableMenu {
 };
 
 [[nodiscard]] std::vector<ListTableMenu> ListTableMenus(const Application& application);
+
+// Keys of commands for rows that mean something else where a text is being typed.
+[[nodiscard]] bool IsTextKey(const QKeyEvent& key);
 
 }  // namespace sheetwright

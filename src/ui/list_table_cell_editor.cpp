@@ -1,5 +1,7 @@
 #include "ui/list_table_cell_editor.h"
 
+#include "ui/list_table_actions.h"
+
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 
@@ -62,12 +64,12 @@ void ListTableCellEditor::setEditorData(QWidget* editor, const QModelIndex& inde
     EditOf(editor).selectAll();
 }
 
-// A value that nobody changed keeps its own line breaks.
+// A value that nobody changed keeps its own line breaks, also those that the editor takes for others.
 void ListTableCellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
                                        const QModelIndex& index) const {
     const QString before = index.data(Qt::EditRole).toString();
     QString text = TextIn(EditOf(editor));
-    if (text == WithPlainBreaks(before)) return;
+    if (!EditOf(editor).document()->isModified() || text == WithPlainBreaks(before)) return;
     model->setData(index, text.replace(u'\n', BreakOf(before, LineBreak)));
 }
 
@@ -100,6 +102,10 @@ bool ListTableCellEditor::PressEnter(Qt::KeyboardModifiers modifiers) {
 }
 
 bool ListTableCellEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsTextKey(*static_cast<const QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress && watched == m_editor) {
         const auto* const key = static_cast<const QKeyEvent*>(event);
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) return PressEnter(key->modifiers());

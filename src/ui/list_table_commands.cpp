@@ -11,29 +11,14 @@ namespace {
 // Undoing and doing again are the same exchange.
 class SwapRows : public QUndoCommand {
   public:
-    SwapRows(ListTableModel& model, ListTableModel::PlacedRows rows)
-        : m_model(model), m_rows(std::move(rows)) {}
-    void undo() override { m_model.SwapRows(m_rows); }
-    void redo() override { m_model.SwapRows(m_rows); }
-
-  protected:
-    ListTableModel& m_model;
-    ListTableModel::PlacedRows m_rows;
-};
-
-class Typing : public SwapRows {
-  public:
-    static constexpr int kId = 1;
-    Typing(ListTableModel& model, ListTableModel::PlacedRows rows, int column)
-        : SwapRows(model, std::move(rows)), m_column(column) {}
-    [[nodiscard]] int id() const override { return kId; }
-    // What the later one keeps is the row between the two.
-    bool mergeWith(const QUndoCommand* later) override {
-        const auto* const typing = static_cast<const Typing*>(later);
-        return typing->m_column == m_column && typing->m_rows.front().first == m_rows.front().first;
-    }
+    SwapRows(ListTableModel& model, ListTableModel::PlacedRows rows, int column)
+        : m_model(model), m_rows(std::move(rows)), m_column(column) {}
+    void undo() override { m_model.SwapRows(m_rows, m_column); }
+    void redo() override { m_model.SwapRows(m_rows, m_column); }
 
   private:
+    ListTableModel& m_model;
+    ListTableModel::PlacedRows m_rows;
     int m_column;
 };
 
@@ -125,7 +110,9 @@ std::vector<std::uint32_t> Unmoved(int count) {
 void CellEdit::Set(int row, int column, const QString& text) {
     if (row != m_row) EndRow();
     m_row = row;
-    if (m_model.Table().Text(row, column) != text) m_cells.emplace_back(column, text);
+    if (m_model.Table().Text(row, column) == text) return;
+    m_cells.emplace_back(column, text);
+    if (m_firstColumn < 0) m_firstColumn = column;
 }
 
 void CellEdit::EndRow() {
@@ -137,16 +124,7 @@ void CellEdit::EndRow() {
 std::unique_ptr<QUndoCommand> CellEdit::Command() {
     EndRow();
     if (m_rows.empty()) return nullptr;
-    return std::make_unique<SwapRows>(m_model, std::move(m_rows));
-}
-
-std::unique_ptr<QUndoCommand> TypingCommand(ListTableModel& model, const QModelIndex& cell,
-                                            const QString& text) {
-    const ListTable& table = model.Table();
-    if (table.Text(cell.row(), cell.column()) == text) return nullptr;
-    ListTableModel::PlacedRows rows;
-    rows.emplace_back(cell.row(), table.WithTexts(table.Row(cell.row()), {{cell.column(), text}}));
-    return std::make_unique<Typing>(model, std::move(rows), cell.column());
+    return std::make_unique<SwapRows>(m_model, std::move(m_rows), m_firstColumn);
 }
 
 std::unique_ptr<QUndoCommand> InsertRowsCommand(ListTableModel& model, int at, std::vector<ListRow> rows) {

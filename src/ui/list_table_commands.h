@@ -27,13 +27,10 @@ class CellEdit {
 
     ListTableModel& m_model;
     int m_row = -1;
+    int m_firstColumn = -1;  // that changed, in the first row that did
     ListTable::Cells m_cells;
     ListTableModel::PlacedRows m_rows;
 };
-
-// What was typed into one cell. Typing into it again belongs to the same command.
-[[nodiscard]] std::unique_ptr<QUndoCommand> TypingCommand(ListTableModel& model, const QModelIndex& cell,
-                                                          const QString& text);
 
 [[nodiscard]] std::unique_ptr<QUndoCommand> InsertRowsCommand(ListTableModel& model, int at,
                                                               std::vector<ListRow> rows);

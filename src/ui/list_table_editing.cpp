@@ -42,7 +42,9 @@ int ListTableEditing::CurrentColumn() const {
 }
 
 void ListTableEditing::Type(const QModelIndex& cell, const QString& text) {
-    Push(TypingCommand(m_model, cell, text));
+    CellEdit edit(m_model);
+    edit.Set(cell.row(), cell.column(), text);
+    Push(edit.Command());
 }
 
 void ListTableEditing::InsertRows(int at, std::vector<ListRow> rows) {

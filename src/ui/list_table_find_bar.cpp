@@ -1,6 +1,7 @@
 #include "ui/list_table_find_bar.h"
 
 #include "core/application.h"
+#include "ui/list_table_actions.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -93,7 +94,6 @@ void ListTableFindBar::Start(const QString& text, bool isReplacing) {
     if (!text.isEmpty()) m_text->setText(text);
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();
-    Changed();
 }
 
 void ListTableFindBar::Tell(const QString& text) {
@@ -115,8 +115,13 @@ void ListTableFindBar::Leave() {
 
 // Enter goes on, with Shift back; in the second row it replaces.
 bool ListTableFindBar::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (!isOverride && event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const auto* const key = static_cast<const QKeyEvent*>(event);
+    if (isOverride) {
+        if (IsTextKey(*key)) event->accept();
+        return false;
+    }
     const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
     if (key->key() == Qt::Key_Escape) {
         Leave();

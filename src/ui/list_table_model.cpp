@@ -3,7 +3,7 @@
 #include "core/application.h"
 #include "fields/list_types.h"
 
-#include <QLocale>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <numeric>
@@ -12,10 +12,16 @@ namespace sheetwright {
 
 namespace {
 
+constexpr qsizetype kMostShown = 1000;  // characters, more than a screen is wide
+
 // A cell shows one line.
-QString InOneLine(QString text) {
+QString InOneLine(const QString& text) {
     static const QString kMark = QStringLiteral("\u21B5");
-    return text.replace(QStringLiteral("\r\n"), kMark).replace(u'\n', kMark).replace(u'\r', kMark);
+    QString line = text.left(kMostShown).replace(QStringLiteral("\r\n"), kMark);
+    for (const QChar lineBreak :
+         {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        line.replace(lineBreak, kMark);
+    return line;
 }
 
 // With more gaps than that the view is told of all rows at once.
@@ -98,7 +104,8 @@ QVariant ListTableModel::data(const QModelIndex& index, int role) const {
 QVariant ListTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
     if (orientation == Qt::Vertical) return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
-    return InOneLine(m_table->Column(section).name);
+    const QString name = InOneLine(m_table->Column(section).name);
+    return role == Qt::DisplayRole ? name : Qt::convertFromPlainText(name);
 }
 
 Qt::ItemFlags ListTableModel::flags(const QModelIndex& index) const {
@@ -111,11 +118,11 @@ bool ListTableModel::setData(const QModelIndex& index, const QVariant& value, in
     return true;
 }
 
-void ListTableModel::SwapRows(PlacedRows& rows) {
+void ListTableModel::SwapRows(PlacedRows& rows, int column) {
     if (rows.empty()) return;
     for (auto& [place, row] : rows)
         m_table->SwapRow(place, row);
-    Touch(rows.front().first);
+    Touch(rows.front().first, column);
     emit dataChanged(index(rows.front().first, 0), index(rows.back().first, columnCount() - 1));
 }
 

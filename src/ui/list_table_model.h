@@ -37,8 +37,8 @@ class ListTableModel : public QAbstractTableModel {
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
     using PlacedRows = std::vector<std::pair<int, ListRow>>;
-    // Exchanges rows with those in the table; places ascend.
-    void SwapRows(PlacedRows& rows);
+    // Exchanges rows with those in the table; places ascend. The first row differs in `column`.
+    void SwapRows(PlacedRows& rows, int column);
     void InsertRows(const std::vector<int>& places, std::vector<ListRow> rows);
     std::vector<ListRow> TakeRows(const std::vector<int>& places);
     void Reorder(int first, const std::vector<std::uint32_t>& order);

@@ -19,7 +19,7 @@ constexpr int kCellsAtOnce = 40'000;
 }  // namespace
 
 ListTableSearch::ListTableSearch(const Application& application, ListTableModel& model, ListTableView& view,
-                                 QUndoStack& stack, ListTableFindBar& bar)
+                                 QUndoStack& stack, ListTableFindBar& bar, const Run& run)
     : QObject(&bar),
       m_application(application),
       m_model(model),
@@ -27,14 +27,21 @@ ListTableSearch::ListTableSearch(const Application& application, ListTableModel&
       m_stack(stack),
       m_bar(bar),
       m_idle(new QTimer(this)) {
-    m_bar.Find = [this](bool isForward) { Find(isForward); };
-    m_bar.Replace = [this] { Replace(); };
-    m_bar.ReplaceAll = [this] { ReplaceAll(); };
-    m_bar.Changed = [this] { BeginCount(); };
-    m_bar.Closed = [this] { m_view.setFocus(Qt::OtherFocusReason); };
+    ConnectBar(run);
     connect(m_idle, &QTimer::timeout, this, &ListTableSearch::CountOn);
     connect(&m_stack, &QUndoStack::indexChanged, this, &ListTableSearch::BeginCount);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &ListTableSearch::BeginCount);
+}
+
+void ListTableSearch::ConnectBar(const Run& run) {
+    m_bar.Find = [this, run](bool isForward) { run(QStringLiteral("Find"), [=, this] { Find(isForward); }); };
+    m_bar.Replace = [this, run] { run(QStringLiteral("Replace"), [this] { Replace(); }); };
+    m_bar.ReplaceAll = [this, run] { run(QStringLiteral("ReplaceAll"), [this] { ReplaceAll(); }); };
+    m_bar.Changed = [this] {
+        BeginCount();
+        FindTyped();
+    };
+    m_bar.Closed = [this] { m_view.setFocus(Qt::OtherFocusReason); };
 }
 
 void ListTableSearch::Start(bool isReplacing) {
@@ -42,6 +49,20 @@ void ListTableSearch::Start(bool isReplacing) {
     const bool isOneLine = !text.contains(u'\n') && !text.contains(u'\r');
     const bool isNew = m_bar.isHidden() && m_bar.Query().text.isEmpty();
     m_bar.Start(isNew && isOneLine ? text : QString(), isReplacing);
+    BeginCount();
+}
+
+// The first cell that fits from where the person began to type, so that a longer text is not looked for
+// behind the place of a shorter one.
+void ListTableSearch::FindTyped() {
+    const QModelIndex current = m_view.currentIndex();
+    if (!m_start.isValid() || current != m_typed) m_start = current;
+    if (!m_start.isValid()) return;
+    const ListCell before{m_start.row(), m_start.column() - 1};
+    const auto found = FindCell(m_model.Table(), m_bar.Query(), before, true);
+    if (!found) return;
+    m_typed = m_model.index(found->row, found->column);
+    m_view.GoTo(m_typed);
 }
 
 void ListTableSearch::Find(bool isForward) {

@@ -62,7 +62,8 @@ ListTableWindow::ListTableWindow(Application& application)
       m_model(application),
       m_view(new ListTableView(this)),
       m_findBar(new ListTableFindBar(application, this)),
-      m_search(new ListTableSearch(application, m_model, *m_view, m_stack, *m_findBar)),
+      m_search(new ListTableSearch(application, m_model, *m_view, m_stack, *m_findBar,
+                                   [this](const QString& name, const auto& command) { Run(name, command); })),
       m_files(application, m_model, m_stack),
       m_editing(application, m_model, *m_view, m_stack),
       m_menus(ListTableMenus(application)) {

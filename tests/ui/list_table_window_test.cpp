@@ -51,12 +51,22 @@ TEST_F(ListTableWindowTest, AltAndEnterBreaksTheLine) {
 }
 
 TEST_F(ListTableWindowTest, LookingIntoACellChangesNothing) {
-    const QByteArray bytes = "A\n\"1\r2\r\n\xC2\xA0 x\"\nlast\n";
+    const QByteArray bytes = "A\n\"1\r2\r\n\xC2\xA0 x\xE2\x80\xA9y\"\nlast\n";
     Open(bytes);
     Press(Qt::Key_F2);
     Press(Qt::Key_Return);
     EXPECT_EQ(Bytes(), bytes);
     EXPECT_FALSE(IsChanged());
+}
+
+TEST_F(ListTableWindowTest, KeysThatEditTheTypedTextLeaveTheRows) {
+    Open("A\none two\n2\n");
+    Press(Qt::Key_F2);
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Delete, Qt::ControlModifier);
+    Press(Qt::Key_Insert);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Bytes(), "A\ntwo\n2\n");
 }
 
 TEST_F(ListTableWindowTest, CommandTakesOverWhatIsBeingTyped) {

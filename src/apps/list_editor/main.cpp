@@ -48,7 +48,7 @@ int Run(GuardedApplication& desktop, const QStringList& files) {
     Application application(QStringLiteral("Tolvane Quillon Sheetwright"),
                             QCoreApplication::applicationDirPath(), Settings(), ui);
     ui.UseLanguageOf(application);
-    desktop.Escaped = [&application] { RunCommand(application, QStringLiteral("notify"), [] { throw; }); };
+    desktop.Escaped = [&application] { TellEscaped(application); };
     if (RunCommand(application, QStringLiteral("Main"), [&] { application.LoadLanguage(); }))
         return EXIT_FAILURE;
     QApplication::setWindowIcon(ProgramIcon());
