@@ -27,7 +27,7 @@ TEST_F(DownloadRootTest, IsTheSettingWithoutTrailingSeparators) {
 
 TEST_F(DownloadRootTest, SettingBelongsToTheTranslatedName) {
     m_application->dictionary.Load(
-        Write(QStringLiteral("Sheetwright.DIC"), "Download Manager,Abholer\r\n"));
+        Write(QStringLiteral("Sheetwright.DIC"), "English,Translation\r\nDownload Manager,Abholer\r\n"));
     m_application->settings.Write(QStringLiteral("Abholer"), QStringLiteral("Settings"),
                                   QStringLiteral("Directory"), QStringLiteral("/srv/abholer"));
     EXPECT_EQ(DownloadRoot(*m_application), QStringLiteral("/srv/abholer"));

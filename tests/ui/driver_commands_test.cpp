@@ -90,7 +90,6 @@ TEST_F(DriverCommandsTest, FailureIsToldOnceAndTheFormLivesOn) {
     EXPECT_EQ(FirstField(), S("230"));
 }
 
-// Building a page passes over it, the refresh of its controls doesn't.
 TEST_F(DriverCommandsTest, RightClickOpensTheMenuOfTheButton) {
     Open(S("form.aff"), Form());
     Click("cmd_nextpage");

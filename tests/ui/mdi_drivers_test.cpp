@@ -119,6 +119,19 @@ TEST_F(MdiDriversTest, ReadOnlyFormTakesTheButtonsOfTheFormBehindAway) {
     EXPECT_THAT(Buttons(), IsEmpty());
 }
 
+TEST_F(MdiDriversTest, FormOpenedOverAReadOnlyOneHasItsOwn) {
+    QFile::setPermissions(Write(S("first.aff"), Form()), QFile::ReadOwner | QFile::ReadUser);
+    m_frame->DialogFileName = Path(S("first.aff"));
+    m_frame->OpenFromDialogSlot();
+    FormWindow* const first = m_frame->Active();
+    Open(S("second.aff"), Form());
+    EXPECT_EQ(Buttons(), QStringList({S("DLmeter")}));
+    m_frame->Area().BringToFront(*first);
+    EXPECT_THAT(Buttons(), IsEmpty());
+    Do("mnuFileClose");
+    EXPECT_EQ(Buttons(), QStringList({S("DLmeter")}));
+}
+
 TEST_F(MdiDriversTest, ManagerThatIsNotSetUpIsLeftAlone) {
     m_dock->directory.clear();
     const int before = m_dock->rescans;
@@ -139,6 +152,7 @@ TEST_F(MdiDriversTest, IndexOfAButtonIsThatOfTheListAsItIsNow) {
     EXPECT_EQ(m_dock->calls.value(0), S("Index 1"));
 }
 
+// Building a page passes over it, the refresh of its controls doesn't.
 TEST_F(MdiDriversTest, DriverNamedTwiceFailsTheRefreshBehindItsFirstButton) {
     FormWindow* const twice = Open(S("twice.aff"), NamedTwice());
     EXPECT_EQ(Buttons(), QStringList({S("DLmeter")}));
