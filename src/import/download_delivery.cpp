@@ -17,6 +17,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <unordered_set>
 
 namespace sheetwright {
@@ -100,6 +102,21 @@ bool IsTaken(const QString& base) {
     return FileExists(base + QStringLiteral(".csv")) || FileExists(base + QStringLiteral(".inf"));
 }
 
+// Returns false when something of the new name is there. A second name for the file can't take another's
+// place, as a rename could; disks without second names are asked first.
+bool MoveUnlessTaken(const QString& from, const QString& to) {
+    const std::filesystem::path source = QFileInfo(from).filesystemFilePath();
+    const std::filesystem::path target = QFileInfo(to).filesystemFilePath();
+    std::error_code error;
+    std::filesystem::create_hard_link(source, target, error);
+    if (error == std::errc::file_exists) return false;
+    if (!error) return QFile::remove(from);
+    if (QFileInfo::exists(to)) return false;
+    std::filesystem::rename(source, target, error);
+    if (error) throw Failure(FailureNumberOfErrno(error.value()));
+    return true;
+}
+
 // Renames the finished table to `base`.csv behind its types. Returns false when another download has taken
 // that name.
 bool TryToPlace(PlacedFile& table, const QString& tablePath, const std::optional<QByteArray>& types,
@@ -110,11 +127,7 @@ bool TryToPlace(PlacedFile& table, const QString& tablePath, const std::optional
         if (caught && caught->Number() == failure::kFileExists) return false;
         if (caught) throw *caught;
     }
-    const QString target = base + QStringLiteral(".csv");
-    if (!QFile::rename(tablePath, target)) {
-        if (QFileInfo::exists(target)) return false;
-        throw Failure(failure::kPathAccess);
-    }
+    if (!MoveUnlessTaken(tablePath, base + QStringLiteral(".csv"))) return false;
     table.Keep();
     if (companion) companion->Keep();
     return true;

@@ -26,6 +26,7 @@ namespace sheetwright {
 
 namespace {
 
+constexpr int kDaysKept = 2;            // the longest time limit is one
 constexpr qsizetype kLongestName = 50;  // of a driver in the name of a file
 
 QString DirectoryOf(const Application& application) {
@@ -90,9 +91,17 @@ class PrivateFolder {
     [[nodiscard]] QString Path() const { return m_folder.path(); }
 
   private:
+    // Those that a crash has left behind: no download takes that long.
+    static void RemoveForgotten(const QString& root) {
+        const QDateTime oldest = QDateTime::currentDateTimeUtc().addDays(-kDaysKept);
+        const auto kinds = QDir::Dirs | QDir::NoSymLinks;
+        for (const QFileInfo& folder : QDir(root).entryInfoList({QStringLiteral("download-??????")}, kinds))
+            if (folder.lastModified() < oldest) QDir(folder.filePath()).removeRecursively();
+    }
     static QString MadeRoot(const Application& application) {
         QString root = OnDisk(TempRoot(application));
         QDir().mkpath(root);
+        RemoveForgotten(root);
         return root;
     }
 
@@ -128,7 +137,7 @@ void DownloadManager::Rescan() {
 
 const std::vector<DriverFile>& DownloadManager::Drivers() const {
     if (!m_drivers) {
-        BringShippedDrivers(m_application);
+        if (!std::exchange(m_hasShippedDrivers, true)) BringShippedDrivers(m_application);
         m_drivers = ReadDrivers(DirectoryOf(m_application));
     }
     return *m_drivers;

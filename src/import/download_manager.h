@@ -43,6 +43,7 @@ class DownloadManager : public FETCHDOCK {
     Application& m_application;
     DownloadProgress& m_progress;
     mutable std::optional<std::vector<DriverFile>> m_drivers;
+    mutable bool m_hasShippedDrivers = false;  // once is enough: one that a person deletes stays away
     int m_index = -1;
     QString m_dataFolder;
     bool m_showsProgress = false;

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 namespace sheetwright {
 
@@ -180,6 +181,7 @@ void DesktopUserInterface::SetStatus(const QString& text) {
 
 void DesktopUserInterface::ShowProgress() {
     m_showsProgress = true;
+    m_tellsOfStop = false;
     m_stopKey.Forget();
     if (m_panel) m_panel->ShowProgress();
 }
@@ -194,7 +196,10 @@ void DesktopUserInterface::HideProgress() {
 }
 
 bool DesktopUserInterface::IsStopWanted() {
-    return m_showsProgress && m_stopKey.WasPressed();
+    if (!m_showsProgress) return false;
+    if (m_panel && m_application != nullptr && !std::exchange(m_tellsOfStop, true))
+        m_panel->ShowOnProgress(m_application->Translate(QStringLiteral("Esc stops")));
+    return m_stopKey.WasPressed();
 }
 
 void DesktopUserInterface::PumpMessages() {

@@ -58,6 +58,7 @@ class DesktopUserInterface : public UserInterface {
     bool m_isBusy = false;  // the hourglass shows
     bool m_isPumping = false;
     bool m_showsProgress = false;
+    bool m_tellsOfStop = false;
     StopKey m_stopKey;
 };
 

@@ -33,6 +33,7 @@ void StatusPanel::ShowStatus(const QString& text) {
 
 void StatusPanel::ShowProgress() {
     m_progress->setValue(0);
+    m_progress->setTextVisible(false);
     m_progress->show();
     PlaceProgress();
     m_progress->repaint();
@@ -41,6 +42,11 @@ void StatusPanel::ShowProgress() {
 void StatusPanel::SetProgress(int percent) {
     m_progress->setValue(percent);
     m_progress->repaint();
+}
+
+void StatusPanel::ShowOnProgress(const QString& text) {
+    m_progress->setFormat(text);
+    m_progress->setTextVisible(true);
 }
 
 void StatusPanel::HideProgress() {

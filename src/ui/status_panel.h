@@ -17,6 +17,8 @@ class StatusPanel : public QLabel {
 
     void ShowProgress();
     void SetProgress(int percent);
+    // A word on the bar, until the next one is shown: how what it shows can be stopped.
+    void ShowOnProgress(const QString& text);
     void HideProgress();
     [[nodiscard]] const QProgressBar& Progress() const { return *m_progress; }
 

@@ -10,6 +10,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <filesystem>
+
 namespace sheetwright {
 
 namespace {
@@ -182,6 +185,18 @@ TEST_F(DownloadManagerTest, TellsWhenThereIsNoPlaceForTheProgram) {
     Write(QStringLiteral("TEMP"), "a file");
     EXPECT_EQ(Downloaded(), QString());
     EXPECT_EQ(m_ui.MessageTexts(), QStringList(QStringLiteral("Cannot write to Temporary Directory")));
+}
+
+TEST_F(DownloadManagerTest, SweepsWhatACrashHasLeftLongAgo) {
+    WriteDriver(QStringLiteral("A"), kDeliver);
+    Write(QStringLiteral("TEMP/download-AbCdEf/half.csv"), "A\n");
+    Write(QStringLiteral("TEMP/download-GhIjKl/half.csv"), "A\n");
+    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(72);
+    std::filesystem::last_write_time(Path(QStringLiteral("TEMP/download-AbCdEf")).toStdString(), longAgo);
+    EXPECT_NE(Downloaded(), QString());
+    EXPECT_EQ(FilesIn(QStringLiteral("TEMP")),
+              (QStringList{QStringLiteral("TEMP/download-GhIjKl"),
+                           QStringLiteral("TEMP/download-GhIjKl/half.csv")}));
 }
 
 TEST_F(DownloadManagerTest, ShowsOnlyTheDownloadThatIsToBeShown) {

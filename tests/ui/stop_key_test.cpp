@@ -9,11 +9,13 @@
 #include "ui/desktop_user_interface.h"
 #include "ui/form_window.h"
 #include "ui/mdi_sheetwright.h"
+#include "ui/status_panel.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -44,6 +46,22 @@ class Painted : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override { ++paints; }
 };
+
+class StopHintTest : public ApplicationTest {};
+
+TEST_F(StopHintTest, BarTellsOfTheKeyOnlyWhereItIsAskedFor) {
+    DesktopUserInterface desktop;
+    StatusPanel panel;
+    desktop.UseLanguageOf(*m_application);
+    desktop.UseStatusPanel(panel);
+    desktop.ShowProgress();
+    EXPECT_FALSE(panel.Progress().isTextVisible());
+    EXPECT_FALSE(desktop.IsStopWanted());
+    EXPECT_TRUE(panel.Progress().isTextVisible());
+    EXPECT_EQ(panel.Progress().format(), S("Esc stops"));
+    desktop.ShowProgress();
+    EXPECT_FALSE(panel.Progress().isTextVisible());
+}
 
 TEST(StopKeyTest, EscapeStopsWhatTheProgressBarShows) {
     DesktopUserInterface desktop;
