@@ -6,6 +6,7 @@
 #include "document/document.h"
 #include "document/document_commands.h"
 #include "import/import.h"
+#include "import_form.h"
 #include "peak_memory.h"
 
 #include <QDir>
@@ -16,64 +17,6 @@
 
 namespace sheetwright {
 namespace {
-
-constexpr int kColumns = 12;
-constexpr int kLines = 20;
-
-// One FIELD record; its place does not matter here.
-QString Record(const QString& name, const QString& keys, int number) {
-    return QStringLiteral("BEGIN FIELD\r\nName=%1\r\n%2TabIdx=%3\r\n").arg(name, keys).arg(number) +
-           QStringLiteral(
-               "FieldType=0\r\nWordWrap=False\r\nReadOnly=False\r\nBorderStyle=1\r\nAbsLeft=200\r\n"
-               "AbsTop=200\r\nWidth=900\r\nHeight=300\r\nAlignment=0\r\nFontName=Arial\r\n"
-               "FontSize=8\r\nFontBold=False\r\nFontItalic=False\r\nFontUnderline=False\r\n"
-               "FontStrikethru=False\r\nForeColor=0\r\nEND FIELD\r\n");
-}
-
-// The fields of one line: the columns, the first of which is the key and begins a new line, and two formulas.
-QString LineOf(int line) {
-    QString text;
-    for (int column = 1; column <= kColumns; ++column)
-        text += Record(
-            QStringLiteral("c%1 %2").arg(column).arg(line),
-            QStringLiteral("DataSource=c%1,DRIVERS\\meter\r\nMultiRecordIndex=%2\r\n%3")
-                .arg(column)
-                .arg(line)
-                .arg(column == 1 ? QStringLiteral("KeyLevel=1\r\nNewLineOnReoccur=True\r\n") : QString()),
-            line * 100 + column);
-    for (const int formula : {1, 2})
-        text +=
-            Record(QStringLiteral("f%1 %2").arg(formula).arg(line),
-                   QStringLiteral("Formula=SETME(ADD({FIELDS\\Sheet,c%1 %2},1))\r\nMultiRecordIndex=%2\r\n")
-                       .arg(formula + 1)
-                       .arg(line),
-                   line * 100 + 50 + formula);
-    return text;
-}
-
-QByteArray FormText() {
-    QString text = QStringLiteral(
-        "VERSION 1.0.0\r\nBEGIN DESIGN\r\nBEGIN PAGE 1\r\nTitle=Sheet\r\n"
-        "Orientation=1\r\nPaperSize=9\r\n");
-    for (int line = 0; line < kLines; ++line)
-        text += LineOf(line);
-    return (text +
-            QStringLiteral("END PAGE\r\nEND DESIGN\r\nBEGIN DATA\r\nBEGIN PAGE 1 DESIGN=1\r\nEND PAGE\r\n"
-                           "END DATA\r\n"))
-        .toLatin1();
-}
-
-QByteArray TableOf(int records) {
-    QByteArray text("c1");
-    for (int column = 2; column <= kColumns; ++column)
-        text += ",c" + QByteArray::number(column);
-    for (int record = 1; record <= records; ++record) {
-        text += "\r\nkey " + QByteArray::number(record * 7919 % 1000003);
-        for (int column = 2; column <= kColumns; ++column)
-            text += ',' + QByteArray::number(record * column % 977);
-    }
-    return text + "\r\n";
-}
 
 class Workplace {
   public:
@@ -93,7 +36,7 @@ class Workplace {
     }
     // Opens the form anew, as in a window.
     frmSheetwright& Open() {
-        const QString path = Write(QStringLiteral("form.aff"), FormText());
+        const QString path = Write(QStringLiteral("form.aff"), ImportForm());
         m_document.reset();
         const auto make = [this]() -> frmSheetwright& {
             m_document = std::make_unique<frmSheetwright>(m_application);
@@ -113,7 +56,7 @@ class Workplace {
 void ImportRecords(benchmark::State& state) {
     Workplace workplace;
     const auto records = static_cast<int>(state.range(0));
-    const QString table = workplace.Write(QStringLiteral("DRIVERS/meter/table.csv"), TableOf(records));
+    const QString table = workplace.Write(QStringLiteral("DRIVERS/meter/table.csv"), ImportTable(records));
     ResetPeakMemory();
     const double before = MemoryOf("VmRSS:");
     for (auto _ : state) {
@@ -121,7 +64,7 @@ void ImportRecords(benchmark::State& state) {
         frmSheetwright& document = workplace.Open();
         state.ResumeTiming();
         Import(document, table);
-        if (document.Pages != (records + kLines - 1) / kLines) state.SkipWithError("other pages");
+        if (document.Pages != (records + kImportLines - 1) / kImportLines) state.SkipWithError("other pages");
     }
     state.counters["peak_MB"] = (MemoryOf("VmHWM:") - before) / 1e6;
     state.counters["records/s"] =

@@ -1,17 +1,21 @@
 // The frame with a form in it: adding pages one by one, and what a long form costs in memory. Adding must
 // grow with the pages in a straight line; recalculating after each page does not, since it goes through the
-// form.
+// form. An import, as a person sees it.
 
 #include "core/application.h"
-#include "core/user_interface.h"
 #include "document/document.h"
 #include "document/pages.h"
+#include "import/import.h"
+#include "import_form.h"
 #include "peak_memory.h"
+#include "ui/desktop_user_interface.h"
 #include "ui/form_window.h"
 #include "ui/mdi_sheetwright.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -57,22 +61,27 @@ class OpenFrame {
         QCoreApplication::processEvents();
     }
 
-    frmSheetwright& Open(int pages) {
-        m_frame->DialogFileName = Write(QStringLiteral("form.aff"), FormOf(pages));
+    frmSheetwright& Open(int pages) { return Open(FormOf(pages)); }
+    frmSheetwright& Open(const QByteArray& form) {
+        m_frame->DialogFileName = Write(QStringLiteral("form.aff"), form);
         m_frame->OpenFromDialogSlot();
         QCoreApplication::processEvents();
         return m_frame->Active()->Document();
     }
 
-  private:
+    // Status words and progress are seen from now on.
+    void ShowStatus() { m_ui.UseStatusPanel(m_frame->Status()); }
+
     [[nodiscard]] QString Write(const QString& name, const QByteArray& bytes) const {
         QFile file(m_folder.filePath(name));
+        QDir().mkpath(QFileInfo(file).path());
         if (file.open(QIODevice::WriteOnly)) file.write(bytes);
         return file.fileName();
     }
 
+  private:
     QTemporaryDir m_folder;
-    SilentUserInterface m_ui;
+    DesktopUserInterface m_ui;
     Application m_application;
     std::unique_ptr<mdiSheetwright> m_frame;
 };
@@ -122,6 +131,26 @@ void OpenInFrame(benchmark::State& state) {
     state.counters["MB"] = bytes / 1024 / 1024;
 }
 
+void ImportInFrame(benchmark::State& state) {
+    const auto records = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto frame = std::make_unique<OpenFrame>();
+        (void)frame->Write(QStringLiteral("DRIVERS/meter/DRIVER.INF"), {});
+        const QString table = frame->Write(QStringLiteral("DRIVERS/meter/table.csv"), ImportTable(records));
+        frmSheetwright& document = frame->Open(ImportForm());
+        frame->ShowStatus();
+        state.ResumeTiming();
+        Import(document, table);
+        state.PauseTiming();
+        frame.reset();
+        state.ResumeTiming();
+    }
+    state.counters["records/s"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * records), benchmark::Counter::kIsRate);
+}
+
+BENCHMARK(ImportInFrame)->ArgName("records")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(AddPages)->ArgName("pages")->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(AddPagesWithoutRecalculation)
     ->ArgName("pages")

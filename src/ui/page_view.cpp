@@ -30,6 +30,7 @@ namespace sheetwright {
 
 namespace {
 
+constexpr int kBetweenPaints = 100;  // milliseconds, while much changes
 constexpr int kFocusBreadth = 2;
 constexpr int kFocusGap = 1;  // to the square of a check box, which stands at its edge
 constexpr int kShadow = 7;
@@ -90,6 +91,9 @@ PageView::PageView(frmSheetwright& document, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    m_catchUp.setSingleShot(true);
+    m_catchUp.setInterval(kBetweenPaints);
+    connect(&m_catchUp, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
 PageView::~PageView() = default;
@@ -172,17 +176,18 @@ void PageView::PageChanged() {
     m_mouse->PageChanged();
     m_painting->ForgetAll();
     AccessibilityPageChanged(*this);
-    update();
+    Repaint(rect());
 }
 
 void PageView::ElementChanged(ElementRef element) {
     UpdateTwips(m_painting->Forget(element));
+    if (m_document.Importing) return;
     AccessibilityValueChanged(*this, element);
     FocusChanged();
 }
 
 void PageView::Moved() {
-    update();
+    Repaint(rect());
     if (m_editor->IsShown()) m_editor->Move(OnScreen(m_document.page->entryPlace), PixelsPerTwip());
 }
 
@@ -209,11 +214,21 @@ void PageView::EndDrag() {
     m_mouse->EndDrag();
 }
 
+void PageView::Repaint(const QRect& part) {
+    if (m_document.Importing) {
+        if (!m_catchUp.isActive()) m_catchUp.start();
+        return;
+    }
+    const bool isBehind = m_catchUp.isActive();
+    m_catchUp.stop();
+    update(isBehind ? rect() : part);
+}
+
 void PageView::UpdateTwips(const QRectF& part) {
     constexpr double kMargin = kFocusGap + kFocusBreadth + 2;
     const QRectF exposed = OnScreen({part.x(), part.y(), part.width(), part.height()})
                                .adjusted(-kMargin, -kMargin, kMargin, kMargin);
-    update((exposed & QRectF(rect())).toAlignedRect());
+    Repaint((exposed & QRectF(rect())).toAlignedRect());
 }
 
 void PageView::paintEvent(QPaintEvent* event) {

@@ -7,6 +7,7 @@
 #include "document/element_array.h"
 #include "document/page.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -75,6 +76,8 @@ class PageView : public QWidget {
   private:
     [[nodiscard]] QPointF Origin() const;
     [[nodiscard]] QRectF PageOnScreen() const;
+    // While an import runs, the page is painted now and then only.
+    void Repaint(const QRect& part);
     void UpdateTwips(const QRectF& part);
     void PaintPage(QPainter& painter, const QRect& exposed);
     void PaintFocus(QPainter& painter) const;
@@ -88,6 +91,7 @@ class PageView : public QWidget {
     std::unique_ptr<PageMouse> m_mouse;
     std::unique_ptr<EntryEditor> m_editor;
     ElementRef m_outlined;  // as painted last
+    QTimer m_catchUp;
 };
 
 }  // namespace sheetwright

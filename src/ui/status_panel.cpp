@@ -12,6 +12,22 @@ namespace {
 constexpr int kGapBeforeBar = 16;  // pixels, 240 twips
 constexpr int kGaps = 24;          // before and behind the bar
 constexpr int kWholeBar = 100;
+constexpr qint64 kBetweenCounts = 20;  // milliseconds
+
+// Whether the texts differ in their numbers only.
+bool IsCount(QStringView one, QStringView other) {
+    const auto skipDigits = [](QStringView& text) {
+        while (!text.isEmpty() && text.front().isDigit())
+            text = text.sliced(1);
+    };
+    for (skipDigits(one), skipDigits(other); !one.isEmpty() && !other.isEmpty();
+         skipDigits(one), skipDigits(other)) {
+        if (one.front() != other.front()) return false;
+        one = one.sliced(1);
+        other = other.sliced(1);
+    }
+    return one.isEmpty() && other.isEmpty();
+}
 
 }  // namespace
 
@@ -26,8 +42,11 @@ StatusPanel::StatusPanel(QWidget* parent) : QLabel(parent), m_progress(new QProg
 
 void StatusPanel::ShowStatus(const QString& text) {
     if (text == this->text()) return;
+    const bool isNextCount = IsCount(text, this->text());
     setText(text);
     PlaceProgress();
+    if (isNextCount && m_sincePainted.isValid() && !m_sincePainted.hasExpired(kBetweenCounts)) return;
+    m_sincePainted.start();
     repaint();
 }
 

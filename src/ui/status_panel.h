@@ -2,6 +2,7 @@
 
 // The first panel of the status bar: the status text, with the progress bar laid over its free right part.
 
+#include <QElapsedTimer>
 #include <QLabel>
 
 class QProgressBar;
@@ -12,7 +13,8 @@ class StatusPanel : public QLabel {
   public:
     explicit StatusPanel(QWidget* parent = nullptr);
 
-    // Seen at once, also while the program is busy.
+    // Seen at once, also while the program is busy. Of a count that runs quicker than anybody can read, some
+    // are seen.
     void ShowStatus(const QString& text);
 
     void ShowProgress();
@@ -32,6 +34,7 @@ class StatusPanel : public QLabel {
     void PlaceProgress();
 
     QProgressBar* m_progress;
+    QElapsedTimer m_sincePainted;
 };
 
 }  // namespace sheetwright

@@ -1,6 +1,7 @@
 #include "page_view_test.h"
 
 #include "document/page_view_layout.h"
+#include "support/paint_counter.h"
 
 namespace sheetwright {
 namespace {
@@ -153,6 +154,30 @@ TEST_F(PageViewTest, ValueThatChangesIsPaintedAnew) {
     TakeText(Document(), Entry(2), QString(), QString());
     EXPECT_GT(CountOf(Grab().copy(place), 0xFFFFFF), before);
     EXPECT_EQ(CountOf(Grab().copy(place), 0xFFFFFF), place.width() * place.height());
+}
+
+TEST_F(PageViewTest, ImportIsPaintedNowAndThenAndWhenItHasEnded) {
+    OpenForm();
+    LeaveFields();
+    QCoreApplication::processEvents();
+    PaintCounter paints(View());
+    Document().Importing = true;
+    for (int record = 1; record <= 100; ++record) {
+        ThePage().Entries.At(1).text = QString::number(record);
+        Document().window->ElementChanged({ElementKind::Entry, 1});
+        Document().window->PageChanged();
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_LT(paints.Count(), 50);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.Count() > 0; })) << "it catches up";
+
+    const int before = paints.Count();
+    Document().window->ElementChanged({ElementKind::Entry, 2});
+    Document().Importing = false;
+    Document().window->ElementChanged({ElementKind::Entry, 1});
+    QCoreApplication::processEvents();
+    EXPECT_GT(paints.Count(), before) << "at once";
 }
 
 TEST_F(PageViewTest, HiddenPageShowsTheDeskOnly) {
