@@ -92,6 +92,18 @@ class MdiSheetwrightTest : public ApplicationTest {
         QTest::keyClick(focus == nullptr ? static_cast<QWidget*>(m_frame.get()) : focus, key, modifiers);
     }
 
+    // The actions that change when the frame is brought up to date once more.
+    [[nodiscard]] QStringList ChangedByRefresh() const {
+        m_frame->Refresh();
+        QStringList changed;
+        const QObject watch;
+        for (const QAction* const action : m_frame->findChildren<QAction*>())
+            QObject::connect(action, &QAction::changed, &watch,
+                             [&changed, action] { changed << action->objectName(); });
+        m_frame->Refresh();
+        return changed;
+    }
+
     // What the file dialog gives next.
     void Choose(const QString& path) {
         m_ui.onFileDialog = [path](FileDialog& dialog) { dialog.fileName = path; };
