@@ -14,6 +14,7 @@
 namespace sheetwright {
 
 class Application;
+class CsvCache;
 class CsvTable;
 
 struct EvaluationContext {
@@ -29,6 +30,7 @@ struct EvaluationContext {
 
     CsvTable* DriverData = nullptr;  // record of the last import driver; none reads as no file
     CsvTable* EntryList = nullptr;   // list attached to the field being edited; none reads as no such field
+    CsvCache* Lists = nullptr;       // lists looked up in this pass; without it each look-up reads its file
 };
 
 }  // namespace sheetwright

@@ -3,14 +3,15 @@
 #include "core/error_log.h"
 #include "core/failure.h"
 #include "core/folders.h"
-#include "core/paths.h"
 #include "formula/evaluator.h"
 #include "formula/function_arguments.h"
 #include "formula/function_families.h"
 #include "formula/value_conversion.h"
+#include "import/csv_cache.h"
 #include "import/csv_table.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace sheetwright {
@@ -30,27 +31,27 @@ struct KeyColumn {
 // Reading one record counts for this much, roughly.
 constexpr qint64 kWorkOfOneRecord = 10;
 
-// A table would take a file that is not there for an empty one, which is a failure here.
-void OpenList(CsvTable& list, const QString& name, const QString& path) {
+std::shared_ptr<CsvTable> Opened(const EvaluationContext& context, const QString& name, const QString& path) {
     if (!IsContainedName(name)) throw Failure(failure::kBadFileName);
-    if (!FileExists(path)) throw Failure(failure::kFileNotFound);
-    list.SetFileName(path);
+    if (context.Lists != nullptr) return context.Lists->Open(path);
+    return CsvCache().Open(path);
 }
 
-// Whether the list is open. A list that can't be opened is logged, and the log's own failure is of no
-// interest.
-bool OpenListOrLog(Evaluator& evaluator, CsvTable& list, const QString& name) {
+// The list; none when it can't be opened. That is logged, and the log's own failure is of no interest.
+std::shared_ptr<CsvTable> OpenListOrLog(Evaluator& evaluator, const QString& name) {
     const QString path = ListFolder(evaluator.Context().application) + QStringLiteral("Lists\\") + name;
     evaluator.Charge(kWorkOfOneFile);
-    const std::optional<Failure> caught = Suppressing([&] { OpenList(list, name, path); });
-    evaluator.Charge(kWorkOfOneRecord * list.RecordCount());
-    if (!caught) return true;
+    std::shared_ptr<CsvTable> list;
+    const std::optional<Failure> caught =
+        Suppressing([&] { list = Opened(evaluator.Context(), name, path); });
+    if (list) evaluator.Charge(kWorkOfOneRecord * list->RecordCount());
+    if (!caught) return list;
     evaluator.NoteSideEffect();
     Ignoring([&] {
         LogError(evaluator.Context().application, QStringLiteral("FListLookup"),
                  QStringLiteral("Error loading list: ") + path, caught->Number());
     });
-    return false;
+    return nullptr;
 }
 
 // Pairs of field and value up to the first of which both are "", or to the end.
@@ -95,10 +96,10 @@ Value FListLookup(Evaluator& evaluator, QStringView arguments) {
     const QString returnField = reader.NextText();
     const QString otherwise = reader.NextText();
 
-    CsvTable list;
-    if (!OpenListOrLog(evaluator, list, name)) return otherwise;
+    const std::shared_ptr<CsvTable> list = OpenListOrLog(evaluator, name);
+    if (list == nullptr) return otherwise;
     const std::vector<KeyPair> pairs = ReadKeyPairs(reader);
-    return FindRecord(list, pairs, application) ? list.Columns().At(returnField).Value() : otherwise;
+    return FindRecord(*list, pairs, application) ? list->Columns().At(returnField).Value() : otherwise;
 }
 
 }  // namespace sheetwright

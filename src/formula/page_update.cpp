@@ -8,6 +8,7 @@
 #include "formula/evaluator.h"
 #include "formula/recalculation.h"
 #include "formula/value_conversion.h"
+#include "import/csv_cache.h"
 
 namespace sheetwright {
 
@@ -29,8 +30,10 @@ bool IsOfRecord(const frmSheetwright& document, const FieldRecord& field) {
 
 class UpdatePass {
   public:
-    explicit UpdatePass(frmSheetwright& document)
-        : m_document(document), m_context(EvaluationContextOf(document)), m_evaluator(m_context) {}
+    UpdatePass(frmSheetwright& document, CsvCache* lists)
+        : m_document(document), m_context(EvaluationContextOf(document)), m_evaluator(m_context) {
+        m_context.Lists = lists == nullptr ? &m_lists : lists;
+    }
 
     void RunField(int number) {
         const std::shared_ptr<PropertyBag> record =
@@ -55,6 +58,7 @@ class UpdatePass {
     }
 
     frmSheetwright& m_document;
+    CsvCache m_lists;
     EvaluationContext m_context;
     Evaluator m_evaluator;
     FormGrowth m_growth;
@@ -62,12 +66,12 @@ class UpdatePass {
 
 }  // namespace
 
-void UpdateFormulas(frmSheetwright& document) {
+void UpdateFormulas(frmSheetwright& document, CsvCache* lists) {
     const BusyDocument busy(document.Busy);
     document.application.FormVars.Clear();
     SavePage(document);
     document.MePage = 0;
-    UpdatePass pass(document);
+    UpdatePass pass(document, lists);
     const auto count = static_cast<int>(document.page->FieldProperties.size());
     for (int number = 1; number <= count; ++number)
         pass.RunField(number);

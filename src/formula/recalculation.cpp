@@ -8,6 +8,7 @@
 #include "document/page.h"
 #include "formula/display_mask.h"
 #include "formula/evaluator.h"
+#include "import/csv_cache.h"
 
 #include <QHash>
 
@@ -34,7 +35,9 @@ class RecalculationPass {
         : m_document(document),
           m_formats(FormatsOnScreen(document)),
           m_context(EvaluationContextOf(document)),
-          m_evaluator(m_context) {}
+          m_evaluator(m_context) {
+        m_context.Lists = &m_lists;
+    }
 
     // Recalculates the page `DataPageNum`.
     void RunPage() {
@@ -81,6 +84,7 @@ class RecalculationPass {
 
     frmSheetwright& m_document;
     QHash<QString, QString> m_formats;
+    CsvCache m_lists;
     EvaluationContext m_context;
     Evaluator m_evaluator;
     FormGrowth m_growth;

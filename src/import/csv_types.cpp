@@ -47,8 +47,12 @@ CsvTypes ParseCsvTypes(const QString& inf) {
     return types;
 }
 
+QString CsvTypesPathOf(const QString& tablePath) {
+    return GetFolder(tablePath) + GetFileName(tablePath, true) + QStringLiteral(".inf");
+}
+
 CsvTypes LoadCsvTypes(const QString& tablePath) {
-    const QString path = GetFolder(tablePath) + GetFileName(tablePath, true) + QStringLiteral(".inf");
+    const QString path = CsvTypesPathOf(tablePath);
     CsvTypes types;
     if (FileExists(path)) Ignoring([&] { types = ParseCsvTypes(DecodeFileText(ReadWholeFile(path))); });
     return types;

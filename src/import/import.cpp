@@ -10,6 +10,7 @@
 #include "fields/navigation.h"
 #include "formula/page_update.h"
 #include "formula/recalculation.h"
+#include "import/csv_cache.h"
 #include "import/import_binding.h"
 #include "import/import_files.h"
 #include "import/import_pass.h"
@@ -110,12 +111,13 @@ void ImportRun::WriteRecords(ImportBinding& binding, ProgressBar& bar) {
 
     const auto loud = qScopeGuard(
         [this, wasQuiet = std::exchange(m_document.Quiet, true)] { m_document.Quiet = wasQuiet; });
+    CsvCache lists;
     RecordPass pass(m_document, binding.columns, m_linkedNextPage);
     const std::int32_t count = m_document.DriverData.RecordCount();
     for (std::int32_t record = 1; record <= count; ++record) {
         m_ui.SetStatus(counter + QString::number(record) + u'/' + QString::number(count));
         pass.WriteRecord();
-        UpdateFormulas(m_document);
+        UpdateFormulas(m_document, &lists);
         m_document.DriverData.MoveNext();
         if (record % kRecordsPerUpdate != 0) continue;
         bar.Update(record, count);
