@@ -93,7 +93,7 @@ TEST_F(ReadDriverFileTest, NumbersOutOfRangeHaveTheirDefaults) {
 }
 
 TEST_F(ReadDriverFileTest, PassesOverLinesWithZeroBytes) {
-    const DriverFile driver = FileOf(QByteArray("[Download]\nProgram=a\0b\nProgram=c\n", 35));
+    const DriverFile driver = FileOf(QByteArray("[Download]\nProgram=a\0b\nProgram=c\n", 33));
     EXPECT_EQ(driver.program, QStringLiteral("c"));
 }
 
